@@ -1,0 +1,35 @@
+// Base of the three interface readers: the interfaces read so far, in the
+// order they were first met, and the kind of interface the reader reads.
+#ifndef IP_APP_VALID_INTERFACE_CONFIG_H
+#define IP_APP_VALID_INTERFACE_CONFIG_H
+
+#include <vector>
+
+#include "ip_app_valid/generic_config.h"
+#include "ip_app_valid/interface.h"
+#include "ip_app_valid/interface_type.h"
+
+namespace ip_application {
+namespace config_valid {
+
+class InterfaceConfig : public GenericConfig {
+  public:
+    explicit InterfaceConfig(InterfaceType type) : type_(type) {}
+
+    // Merges a record into the vector by name: a new name is appended; for a
+    // known name an empty IPv4 list, or else an empty IPv6 list, of the stored
+    // record is filled from the incoming one. Nothing else changes.
+    void MergeConfigAndInsert(const Interface& intf);
+
+    const std::vector<Interface>& interfaces() const { return interfaces_; }
+    InterfaceType type() const { return type_; }
+
+  protected:
+    std::vector<Interface> interfaces_;
+    InterfaceType type_;
+};
+
+}  // namespace config_valid
+}  // namespace ip_application
+
+#endif  // IP_APP_VALID_INTERFACE_CONFIG_H
