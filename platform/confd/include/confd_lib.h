@@ -321,11 +321,11 @@ typedef struct confd_tag_value {
 #define CONFD_GET_CDBBEGIN(v) CONFD_GET_TYPED_(v, C_CDBBEGIN, i32)
 
 /* Writing values; buffers are referenced, not copied. */
-#define CONFD_SET_TYPED_(v, T, member, x)   \
-    do {                                    \
-        confd_value_t* __vp = (v);          \
-        __vp->type = T;                     \
-        __vp->val.member = (x);             \
+#define CONFD_SET_TYPED_(v, T, member, x) \
+    do {                                  \
+        confd_value_t* __vp = (v);        \
+        __vp->type = T;                   \
+        __vp->val.member = (x);           \
     } while (0)
 
 #define CONFD_SET_INT8(v, x) CONFD_SET_TYPED_(v, C_INT8, i8, x)
@@ -356,12 +356,12 @@ typedef struct confd_tag_value {
 #define CONFD_SET_OID(v, x) CONFD_SET_TYPED_(v, C_OID, oidp, x)
 #define CONFD_SET_STR(v, x) CONFD_SET_TYPED_(v, C_STR, c_s, x)
 
-#define CONFD_SET_BUF_TYPED_(v, T, p, len)  \
-    do {                                    \
-        confd_value_t* __vp = (v);          \
-        __vp->type = T;                     \
-        __vp->val.c_buf.ptr = (p);          \
-        __vp->val.c_buf.size = (len);       \
+#define CONFD_SET_BUF_TYPED_(v, T, p, len) \
+    do {                                   \
+        confd_value_t* __vp = (v);         \
+        __vp->type = T;                    \
+        __vp->val.c_buf.ptr = (p);         \
+        __vp->val.c_buf.size = (len);      \
     } while (0)
 
 #define CONFD_SET_BUF(v, p, len) CONFD_SET_BUF_TYPED_(v, C_BUF, p, len)
@@ -369,23 +369,23 @@ typedef struct confd_tag_value {
 #define CONFD_SET_BINARY(v, p, len) CONFD_SET_BUF_TYPED_(v, C_BINARY, p, len)
 #define CONFD_SET_HEXSTR(v, p, len) CONFD_SET_BUF_TYPED_(v, C_HEXSTR, p, len)
 
-#define CONFD_SET_XMLTAG(v, t, n)          \
-    do {                                   \
-        confd_value_t* __vp = (v);         \
-        __vp->type = C_XMLTAG;             \
-        __vp->val.xmltag.tag = (t);        \
-        __vp->val.xmltag.ns = (n);         \
+#define CONFD_SET_XMLTAG(v, t, n)   \
+    do {                            \
+        confd_value_t* __vp = (v);  \
+        __vp->type = C_XMLTAG;      \
+        __vp->val.xmltag.tag = (t); \
+        __vp->val.xmltag.ns = (n);  \
     } while (0)
 
 #define CONFD_SET_NOEXISTS(v) ((v)->type = C_NOEXISTS)
 #define CONFD_SET_DEFAULT(v) ((v)->type = C_DEFAULT)
 
-#define CONFD_SET_LIST(v, p, n)            \
-    do {                                   \
-        confd_value_t* __vp = (v);         \
-        __vp->type = C_LIST;               \
-        __vp->val.list.ptr = (p);          \
-        __vp->val.list.size = (n);         \
+#define CONFD_SET_LIST(v, p, n)    \
+    do {                           \
+        confd_value_t* __vp = (v); \
+        __vp->type = C_LIST;       \
+        __vp->val.list.ptr = (p);  \
+        __vp->val.list.size = (n); \
     } while (0)
 
 /* Operations and results of diff iteration. */

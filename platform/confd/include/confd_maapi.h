@@ -85,8 +85,8 @@ void maapi_destroy_cursor(struct maapi_cursor* mc);
  * malloc'ed string the caller frees; on failure it is NULL. fmtpath gives the
  * context node (NULL: the root).
  */
-int maapi_xpath_eval_expr(int sock, int thandle, const char* expr, char** res,
-                          void (*trace)(char*), const char* fmtpath, ...);
+int maapi_xpath_eval_expr(int sock, int thandle, const char* expr, char** res, void (*trace)(char*),
+                          const char* fmtpath, ...);
 
 /*
  * Walks the transaction's changes against the running datastore below
@@ -95,8 +95,8 @@ int maapi_xpath_eval_expr(int sock, int thandle, const char* expr, char** res,
 int maapi_keypath_diff_iterate(int sock, int thandle,
                                enum maapi_iter_ret (*iter)(confd_hkeypath_t* kp,
                                                            enum maapi_iter_op op,
-                                                           confd_value_t* oldv,
-                                                           confd_value_t* newv, void* state),
+                                                           confd_value_t* oldv, confd_value_t* newv,
+                                                           void* state),
                                int flags, void* initstate, const char* fmtpath, ...);
 int maapi_diff_iterate(int sock, int thandle,
                        enum maapi_iter_ret (*iter)(confd_hkeypath_t* kp, enum maapi_iter_op op,
