@@ -35,13 +35,15 @@ typedef struct limid {
 
 /*
  * Builds the identifier of the layer-3 interface over VLAN vlan. Returns 0;
- * for a VLAN number outside 1..4094 returns -1 and sets *out to all zero.
+ * for a VLAN number outside 1..4094 returns -1 and sets *out to all zero;
+ * for a NULL out returns -1.
  */
 int limid_l3_vlan_from_components(limid_t* out, int32_t vlan);
 
 /*
  * The interface index of an identifier. Returns 0; for an identifier of an
- * unknown type returns -1 and sets *ifindex to 0.
+ * unknown type, or a layer-3 VLAN identifier with a slot or a VLAN number out
+ * of range, returns -1 and sets *ifindex to 0; for a NULL ifindex returns -1.
  */
 int limid_to_ifindex(limid_t id, uint32_t* ifindex);
 

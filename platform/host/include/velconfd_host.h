@@ -12,13 +12,17 @@
 extern "C" {
 #endif
 
-/* A host state for transactions read through maapi_sock, served by instance. */
+/*
+ * A host state for transactions read through maapi_sock, served by instance.
+ * Either may be absent (negative socket, NULL instance). NULL when out of memory.
+ */
 velconfd_t* velconfd_create(VelConfdInterface* instance, int maapi_sock);
 void velconfd_destroy(velconfd_t* velconfd);
 
 /*
- * Records (or with NULL removes) the context of the library named lib_name.
- * Returns 0, or -1 for a NULL velconfd or name.
+ * Records (or with NULL removes) the context of the library named lib_name,
+ * replacing an earlier one. The name is copied; names are matched exactly.
+ * Returns 0, or -1 for a NULL velconfd or name or when out of memory.
  */
 int velconfd_set_lib_context(velconfd_t* velconfd, const char* lib_name, void* context);
 
