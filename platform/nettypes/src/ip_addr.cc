@@ -2,6 +2,8 @@
 
 namespace nettypes {
 
-std::ostream& operator<<(std::ostream& out, const IPAddr& addr) { return out << addr.to_string(); }
+std::ostream& operator<<(std::ostream& out, const IPAddr& addr) {
+    return out << addr.to_string();
+}
 
 }  // namespace nettypes

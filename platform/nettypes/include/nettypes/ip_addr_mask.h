@@ -5,6 +5,8 @@
 #include <ostream>
 #include <string>
 
+#include "nettypes/ip_addr.h"
+
 namespace nettypes {
 
 class IPAddrMask {
@@ -16,7 +18,8 @@ class IPAddrMask {
     // True when the address part is all zero, whatever the prefix length.
     virtual bool IsUnspecified() const = 0;
     virtual unsigned prefix_len() const = 0;
-    // True when all host bits of the address are zero.
+    // True when all host bits of the address are zero. A full-length prefix
+    // has no host bits, so it is both a network and a broadcast address.
     virtual bool IsNetworkAddr() const = 0;
     // True when all host bits of the address are one.
     virtual bool IsBroadcastAddr() const = 0;
@@ -25,6 +28,9 @@ class IPAddrMask {
     IPAddrMask() = default;
     IPAddrMask(const IPAddrMask&) = default;
     IPAddrMask& operator=(const IPAddrMask&) = default;
+
+    // The common text form "address/length".
+    static std::string JoinPrefixLen(const IPAddr& addr, unsigned prefix_len);
 };
 
 // Writes the text form of whichever family the value is.

@@ -2,6 +2,7 @@
 #ifndef NETTYPES_IPV4_ADDR_H
 #define NETTYPES_IPV4_ADDR_H
 
+#include <array>
 #include <cstdint>
 #include <string>
 
@@ -19,12 +20,15 @@ class IPv4Addr : public IPAddr {
 
     void set_addr(unsigned value) { value_ = value; }
     uint32_t to_uint32() const { return value_; }
+    // The four address bytes, first octet first.
+    std::array<uint8_t, 4> to_bytes() const;
 
     std::string to_string() const override;
     bool is_unspecified() const override { return value_ == 0; }
     bool operator==(const IPAddr& other) const override;
     bool operator==(const IPv4Addr& other) const { return value_ == other.value_; }
     bool operator!=(const IPv4Addr& other) const { return !(*this == other); }
+    using IPAddr::operator!=;
 
   private:
     uint32_t value_ = 0;

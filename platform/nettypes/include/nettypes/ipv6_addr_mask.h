@@ -31,7 +31,10 @@ class IPv6AddrMask : public IPAddrMask {
     bool IsNetworkAddr() const override;
     bool IsBroadcastAddr() const override;
 
+    // True when the two prefixes share an address: the shorter prefix
+    // contains the other's network.
     bool Overlap(const IPv6AddrMask& other) const;
+    // Same address and same prefix length.
     bool operator==(const IPv6AddrMask& other) const;
     bool operator!=(const IPv6AddrMask& other) const { return !(*this == other); }
 

@@ -1,0 +1,26 @@
+#include "nettypes/ipv4_addr.h"
+
+namespace nettypes {
+
+std::array<uint8_t, 4> IPv4Addr::to_bytes() const {
+    return {static_cast<uint8_t>(value_ >> 24), static_cast<uint8_t>(value_ >> 16),
+            static_cast<uint8_t>(value_ >> 8), static_cast<uint8_t>(value_)};
+}
+
+std::string IPv4Addr::to_string() const {
+    std::string text;
+    for (uint8_t octet : to_bytes()) {
+        if (!text.empty()) {
+            text += '.';
+        }
+        text += std::to_string(octet);
+    }
+    return text;
+}
+
+bool IPv4Addr::operator==(const IPAddr& other) const {
+    const auto* same_family = dynamic_cast<const IPv4Addr*>(&other);
+    return same_family != nullptr && *this == *same_family;
+}
+
+}  // namespace nettypes
