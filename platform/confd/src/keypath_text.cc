@@ -1,0 +1,50 @@
+/* confd_pp_kpath: a keypath printed as a path, "/servers/server{www}/ip". */
+#include <string>
+
+#include "confd_lib.h"
+#include "value_text.h"
+
+namespace {
+
+bool is_tag(const confd_value_t& value) {
+    return value.type == C_XMLTAG || value.type == C_XMLBEGIN || value.type == C_XMLEND ||
+           value.type == C_XMLBEGINDEL;
+}
+
+std::string keys_text(const confd_value_t* keys) {
+    std::string text = "{";
+    for (int k = 0; k < MAXKEYLEN && keys[k].type != C_NOEXISTS; ++k) {
+        text += (k == 0 ? "" : " ") + confd::detail::key_text(keys[k]);
+    }
+    return text + "}";
+}
+
+// The first `levels` elements of the path, from the root.
+std::string keypath_text(const confd_hkeypath_t& hkp, int levels) {
+    const int len = hkp.len < 0 ? 0 : (hkp.len > MAXDEPTH ? MAXDEPTH : hkp.len);
+    const int stop = len - (levels < 0 ? 0 : (levels > len ? len : levels));
+    std::string text;
+    for (int i = len - 1; i >= stop; --i) {
+        const confd_value_t* level = hkp.v[i];
+        text += is_tag(level[0]) ? "/" + confd::detail::value_text(level[0]) : keys_text(level);
+    }
+    return text;
+}
+
+}  // namespace
+
+extern "C" {
+
+int confd_pp_kpath(char* buf, int bufsiz, const confd_hkeypath_t* hkp) {
+    return hkp == nullptr ? confd::detail::copy_out(buf, bufsiz, "")
+                          : confd_pp_kpath_len(buf, bufsiz, hkp, hkp->len);
+}
+
+int confd_pp_kpath_len(char* buf, int bufsiz, const confd_hkeypath_t* hkp, int len) {
+    if (hkp == nullptr) {
+        return confd::detail::copy_out(buf, bufsiz, "");
+    }
+    return confd::detail::copy_out(buf, bufsiz, keypath_text(*hkp, len));
+}
+
+}  // extern "C"

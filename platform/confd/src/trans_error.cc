@@ -1,0 +1,65 @@
+/* The error text of a transaction, set by validation callbacks. */
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+
+#include "confd_lib.h"
+
+namespace {
+
+// Replaces the transaction's error text with the formatted one.
+void set_error_text(confd_trans_ctx* tctx, const char* fmt, va_list args) {
+    va_list measure;
+    va_copy(measure, args);
+    const int length = std::vsnprintf(nullptr, 0, fmt, measure);
+    va_end(measure);
+    if (length < 0) {
+        return;
+    }
+    char* text = static_cast<char*>(std::malloc(static_cast<size_t>(length) + 1));
+    if (text == nullptr) {
+        return;
+    }
+    std::vsnprintf(text, static_cast<size_t>(length) + 1, fmt, args);
+    std::free(tctx->error.str);
+    tctx->error.str = text;
+}
+
+}  // namespace
+
+extern "C" {
+
+void confd_trans_seterr(confd_trans_ctx* tctx, const char* fmt, ...) {
+    if (tctx == nullptr || fmt == nullptr) {
+        return;
+    }
+    va_list args;
+    va_start(args, fmt);
+    set_error_text(tctx, fmt, args);
+    va_end(args);
+    tctx->error.code = CONFD_ERRCODE_APPLICATION;
+}
+
+void confd_trans_seterr_extended(confd_trans_ctx* tctx, enum confd_errcode code,
+                                 u_int32_t apptag_ns, u_int32_t apptag_tag, const char* fmt, ...) {
+    if (tctx == nullptr || fmt == nullptr) {
+        return;
+    }
+    va_list args;
+    va_start(args, fmt);
+    set_error_text(tctx, fmt, args);
+    va_end(args);
+    tctx->error.code = code;
+    tctx->error.apptag.ns = apptag_ns;
+    tctx->error.apptag.tag = apptag_tag;
+}
+
+void confd_trans_clear_err(confd_trans_ctx* tctx) {
+    if (tctx == nullptr) {
+        return;
+    }
+    std::free(tctx->error.str);
+    tctx->error.str = nullptr;
+}
+
+}  // extern "C"
