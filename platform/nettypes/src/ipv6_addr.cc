@@ -14,7 +14,6 @@ namespace {
 constexpr std::size_t kGroups = 8;
 // An IPv4-mapped address carries its IPv4 address in the last two groups.
 constexpr std::size_t kGroupsBeforeIpv4 = 6;
-constexpr std::size_t kIpv4Offset = 12;
 
 using Groups = std::array<uint16_t, kGroups>;
 
@@ -33,12 +32,8 @@ bool IsIpv4Mapped(const Groups& groups) {
            *marker == 0xFFFF;
 }
 
-uint32_t EmbeddedIpv4(const in6_addr& addr) {
-    uint32_t value = 0;
-    for (std::size_t i = kIpv4Offset; i < sizeof addr.s6_addr; ++i) {
-        value = value << 8 | addr.s6_addr[i];
-    }
-    return value;
+uint32_t EmbeddedIpv4(const Groups& groups) {
+    return static_cast<uint32_t>(groups[kGroupsBeforeIpv4]) << 16 | groups[kGroupsBeforeIpv4 + 1];
 }
 
 struct ZeroRun {
@@ -99,7 +94,7 @@ std::string IPv6Addr::to_string() const {
     const Groups groups = GroupsOf(addr_);
     if (IsIpv4Mapped(groups)) {
         return FormatGroups(groups, kGroupsBeforeIpv4) + ':' +
-               IPv4Addr(EmbeddedIpv4(addr_)).to_string();
+               IPv4Addr(EmbeddedIpv4(groups)).to_string();
     }
     return FormatGroups(groups, kGroups);
 }
