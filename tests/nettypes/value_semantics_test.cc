@@ -29,7 +29,7 @@ std::string Streamed(const Value& value) {
     return out.str();
 }
 
-TEST(StreamTest, BaseReferencesWriteTheDynamicTypesText) {
+TEST(AddrStreamTest, BaseReferencesWriteTheDynamicTypesText) {
     const IPv4Addr v4(Ipv4Value("10.0.0.1"));
     const IPv6Addr v6(Ipv6Bytes("2001:db8::1"));
     const IPv4AddrMask v4_mask = Ipv4Prefix("10.0.0.1/24");
@@ -53,7 +53,7 @@ TEST(StreamTest, BaseReferencesWriteTheDynamicTypesText) {
 
 // A message built the way the checks build theirs: a route's network and
 // next hop are reached through their bases whichever family they are.
-TEST(StreamTest, RouteMessageOfEitherFamily) {
+TEST(AddrStreamTest, RouteMessageOfEitherFamily) {
     struct Route {
         const IPAddrMask& network;
         const IPAddr& next_hop;
@@ -71,7 +71,7 @@ TEST(StreamTest, RouteMessageOfEitherFamily) {
     EXPECT_EQ(out.str(), "20.0.0.0/8 via 10.0.0.1;2001:db8:1::/48 via fe80::1;");
 }
 
-TEST(ContainerTest, CopiesInListsAndVectorsAreIndependentValues) {
+TEST(AddrContainerTest, CopiesInListsAndVectorsAreIndependentValues) {
     std::list<IPv4AddrMask> v4_list = {Ipv4Prefix("10.0.0.1/24"), Ipv4Prefix("10.0.1.1/24")};
     std::vector<IPv6AddrMask> v6_vector;
     for (unsigned i = 1; i <= 40; ++i) {
@@ -96,7 +96,7 @@ TEST(ContainerTest, CopiesInListsAndVectorsAreIndependentValues) {
     EXPECT_TRUE(assigned.back() == v6_copy.back());
 }
 
-TEST(OwnershipTest, DestroyedThroughBasePointers) {
+TEST(AddrOwnershipTest, DestroyedThroughBasePointers) {
     std::vector<std::unique_ptr<IPAddr>> addrs;
     addrs.push_back(std::make_unique<IPv4Addr>(Ipv4Value("10.0.0.1")));
     addrs.push_back(std::make_unique<IPv6Addr>(Ipv6Bytes("2001:db8::1")));
