@@ -3,6 +3,8 @@
 #ifndef IP_APP_VALID_INTERFACE_CONFIG_H
 #define IP_APP_VALID_INTERFACE_CONFIG_H
 
+#include <functional>
+#include <string>
 #include <vector>
 
 #include "ip_app_valid/generic_config.h"
@@ -25,6 +27,18 @@ class InterfaceConfig : public GenericConfig {
     InterfaceType type() const { return type_; }
 
   protected:
+    // Fills some leaves of the record of one list entry; entry is the list
+    // path, "{" and the key, so a leaf path is entry + "}/<leaf>".
+    using EntryStep = std::function<void(const std::string& entry, Interface& intf)>;
+
+    // Reads one address family of every entry of the list at list_path, in
+    // key order, and merges each record: the family's addresses (read_ipv4
+    // for IPv4, the "ipv6/address" list for IPv6), then read_extra if given,
+    // then the VRF. The record is named name_prefix followed by the key.
+    void ReadInterfaces(const std::string& list_path, const std::string& name_prefix,
+                        ConfigAddrFamily family, const EntryStep& read_ipv4,
+                        const EntryStep& read_extra = nullptr);
+
     std::vector<Interface> interfaces_;
     InterfaceType type_;
 };

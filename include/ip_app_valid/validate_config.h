@@ -5,6 +5,7 @@
 #define IP_APP_VALID_VALIDATE_CONFIG_H
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -58,8 +59,16 @@ class ValidateConfig {
     bool ValidateOspfv2CrossIfLoVrf(const LoConfig& lo, const Ospfv2Config& ospf);
 
   private:
+    // The checks of one address family, so that both families run one
+    // sequence over the interfaces of a kind.
+    struct FamilyChecks;
+    int32_t ValidateInterfaces(const Config& config, InterfaceType type,
+                               const FamilyChecks& family);
+
     // Replaces the error text with text.
     void SetError(std::string text);
+    // True when there is a failure text, which then replaces the error text.
+    bool Fails(std::optional<std::string> failure);
 
     std::string error_;
 };

@@ -1,0 +1,9 @@
+#include "ip_app_valid/confd_api.h"
+
+#include "ip_app_valid.h"
+
+// The lower-layer change rule against OSPFv3 is not implemented yet: refused.
+int32_t validate_lower_layer_cross_prot(int32_t, confd_trans_ctx*, confd_hkeypath_t*,
+                                        confd_value_t*, ip_application::config_valid::Config&) {
+    return -1;
+}
