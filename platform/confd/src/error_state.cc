@@ -29,6 +29,14 @@ int failf(int code, const char* fmt, ...) {
     return fail(code, text);
 }
 
+int null_result() {
+    return fail(CONFD_ERR_PROTOUSAGE, "null result pointer");
+}
+
+int bad_type(int expected, int found) {
+    return failf(CONFD_ERR_BADTYPE, "value of type %d, not of type %d", found, expected);
+}
+
 void clear_last_error() {
     last_error.clear();
 }

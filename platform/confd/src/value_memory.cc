@@ -4,12 +4,10 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "typed_value.h"
+
 namespace confd::detail {
 namespace {
-
-bool is_buffer_type(confd_vtype type) {
-    return type == C_BUF || type == C_BINARY || type == C_HEXSTR || type == C_BITBIG;
-}
 
 bool copy_buffer(const confd_buf_t& from, confd_buf_t* to) {
     auto* bytes = static_cast<unsigned char*>(std::malloc(from.size + 1));

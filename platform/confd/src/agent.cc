@@ -1,0 +1,274 @@
+#include "agent.h"
+
+#include <arpa/inet.h>
+#include <fcntl.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <cstring>
+#include <map>
+#include <mutex>
+#include <set>
+
+#include "error_state.h"
+
+namespace confd::detail {
+namespace {
+
+struct Session {
+    SocketKind kind;
+    std::shared_ptr<Store> store;
+    std::set<int> attached;
+    std::shared_ptr<const Tree> cdb;  // the tree of a started CDB session
+};
+
+struct Transaction {
+    int owner;
+    std::shared_ptr<Store> store;
+    TransactionView view;
+};
+
+struct AgentState {
+    std::mutex mutex;
+    std::map<std::string, std::shared_ptr<Store>> served;
+    std::map<int, Session> sessions;
+    std::map<int, Transaction> transactions;
+    int next_thandle = 1;
+};
+
+AgentState& state() {
+    static AgentState instance;
+    return instance;
+}
+
+const char* kind_name(SocketKind kind) {
+    return kind == SocketKind::maapi ? "MAAPI" : "CDB";
+}
+
+// The session of sock if it is connected as kind; nullptr (and the error
+// set) otherwise. The caller holds the lock.
+Session* session_of(AgentState& agent, int sock, SocketKind kind) {
+    auto found = agent.sessions.find(sock);
+    if (found == agent.sessions.end() || found->second.kind != kind) {
+        failf(CONFD_ERR_OS, "socket %d is not a connected %s socket", sock, kind_name(kind));
+        return nullptr;
+    }
+    return &found->second;
+}
+
+void finish_owned(AgentState& agent, int sock) {
+    for (auto it = agent.transactions.begin(); it != agent.transactions.end();) {
+        it = it->second.owner == sock ? agent.transactions.erase(it) : std::next(it);
+    }
+}
+
+std::string inet_key(const char* scheme, int family, const void* address, uint16_t port,
+                     bool brackets) {
+    char text[INET6_ADDRSTRLEN];
+    if (inet_ntop(family, address, text, sizeof text) == nullptr) {
+        return "";
+    }
+    const std::string host = brackets ? "[" + std::string(text) + "]" : text;
+    return std::string(scheme) + host + ":" + std::to_string(ntohs(port));
+}
+
+}  // namespace
+
+std::string address_key(const struct sockaddr* address, socklen_t length) {
+    if (address == nullptr || length < static_cast<socklen_t>(sizeof(sa_family_t))) {
+        return "";
+    }
+    if (address->sa_family == AF_INET && length >= static_cast<socklen_t>(sizeof(sockaddr_in))) {
+        const auto* in = reinterpret_cast<const sockaddr_in*>(address);
+        return inet_key("inet:", AF_INET, &in->sin_addr, in->sin_port, false);
+    }
+    if (address->sa_family == AF_INET6 && length >= static_cast<socklen_t>(sizeof(sockaddr_in6))) {
+        const auto* in6 = reinterpret_cast<const sockaddr_in6*>(address);
+        return inet_key("inet6:", AF_INET6, &in6->sin6_addr, in6->sin6_port, true);
+    }
+    if (address->sa_family == AF_UNIX) {
+        const auto* un = reinterpret_cast<const sockaddr_un*>(address);
+        const size_t room = static_cast<size_t>(length) - offsetof(sockaddr_un, sun_path);
+        return "unix:" + std::string(un->sun_path, strnlen(un->sun_path, room));
+    }
+    return "";
+}
+
+void serve(const std::string& address, std::shared_ptr<Store> store) {
+    AgentState& agent = state();
+    std::lock_guard<std::mutex> lock(agent.mutex);
+    if (address.empty()) {
+        throw confdstore::Error("cannot serve at an unsupported address");
+    }
+    if (!agent.served.emplace(address, std::move(store)).second) {
+        throw confdstore::Error(address + ": a datastore is served there already");
+    }
+}
+
+void unserve(const std::string& address) {
+    AgentState& agent = state();
+    std::lock_guard<std::mutex> lock(agent.mutex);
+    agent.served.erase(address);
+}
+
+int connect_socket(int sock, SocketKind kind, const struct sockaddr* address, int length) {
+    if (sock < 0 || fcntl(sock, F_GETFD) == -1) {
+        return failf(CONFD_ERR_OS, "connect: socket %d is not an open file descriptor", sock);
+    }
+    const std::string key = address_key(address, length < 0 ? 0 : static_cast<socklen_t>(length));
+    AgentState& agent = state();
+    std::lock_guard<std::mutex> lock(agent.mutex);
+    auto served = agent.served.find(key);
+    if (key.empty() || served == agent.served.end()) {
+        return fail(CONFD_ERR_OS, "connect: connection refused: nothing serves " +
+                                      (key.empty() ? std::string("that address") : key));
+    }
+    // The descriptor is open, so an earlier binding of the same number belongs
+    // to a socket that was closed without maapi_close / cdb_close.
+    finish_owned(agent, sock);
+    agent.sessions[sock] = Session{kind, served->second, {}, nullptr};
+    return CONFD_OK;
+}
+
+int close_socket(int sock, SocketKind kind) {
+    AgentState& agent = state();
+    std::lock_guard<std::mutex> lock(agent.mutex);
+    if (session_of(agent, sock, kind) == nullptr) {
+        return CONFD_ERR;
+    }
+    finish_owned(agent, sock);
+    agent.sessions.erase(sock);
+    ::close(sock);
+    return CONFD_OK;
+}
+
+int start_transaction(int sock, enum confd_dbname db) {
+    AgentState& agent = state();
+    std::lock_guard<std::mutex> lock(agent.mutex);
+    Session* session = session_of(agent, sock, SocketKind::maapi);
+    if (session == nullptr) {
+        return CONFD_ERR;
+    }
+    if (db != CONFD_CANDIDATE && db != CONFD_RUNNING) {
+        return failf(CONFD_ERR_NOEXISTS, "start_trans: database %d is not available", db);
+    }
+    TransactionView view{
+        db == CONFD_CANDIDATE ? session->store->candidate() : session->store->running(),
+        session->store->running()};
+    const int thandle = agent.next_thandle++;
+    agent.transactions[thandle] = Transaction{sock, session->store, std::move(view)};
+    return thandle;
+}
+
+int finish_transaction(int sock, int thandle) {
+    AgentState& agent = state();
+    std::lock_guard<std::mutex> lock(agent.mutex);
+    Session* session = session_of(agent, sock, SocketKind::maapi);
+    if (session == nullptr) {
+        return CONFD_ERR;
+    }
+    auto found = agent.transactions.find(thandle);
+    if (found == agent.transactions.end() || found->second.store != session->store) {
+        return failf(CONFD_ERR_NOEXISTS, "no transaction %d", thandle);
+    }
+    agent.transactions.erase(found);
+    return CONFD_OK;
+}
+
+int attach(int sock, int thandle) {
+    AgentState& agent = state();
+    std::lock_guard<std::mutex> lock(agent.mutex);
+    Session* session = session_of(agent, sock, SocketKind::maapi);
+    if (session == nullptr) {
+        return CONFD_ERR;
+    }
+    auto found = agent.transactions.find(thandle);
+    if (found == agent.transactions.end()) {
+        return failf(CONFD_ERR_NOEXISTS, "attach: no transaction %d", thandle);
+    }
+    if (found->second.store != session->store) {
+        return failf(CONFD_ERR_BADSTATE, "attach: transaction %d belongs to another datastore",
+                     thandle);
+    }
+    session->attached.insert(thandle);
+    return CONFD_OK;
+}
+
+int detach(int sock, int thandle) {
+    AgentState& agent = state();
+    std::lock_guard<std::mutex> lock(agent.mutex);
+    Session* session = session_of(agent, sock, SocketKind::maapi);
+    if (session == nullptr) {
+        return CONFD_ERR;
+    }
+    if (session->attached.erase(thandle) == 0) {
+        return failf(CONFD_ERR_NOEXISTS, "detach: transaction %d is not attached", thandle);
+    }
+    return CONFD_OK;
+}
+
+int transaction(int sock, int thandle, TransactionView& view) {
+    AgentState& agent = state();
+    std::lock_guard<std::mutex> lock(agent.mutex);
+    Session* session = session_of(agent, sock, SocketKind::maapi);
+    if (session == nullptr) {
+        return CONFD_ERR;
+    }
+    auto found = agent.transactions.find(thandle);
+    if (found == agent.transactions.end()) {
+        return failf(CONFD_ERR_NOEXISTS, "no transaction %d", thandle);
+    }
+    if (found->second.owner != sock && session->attached.count(thandle) == 0) {
+        return failf(CONFD_ERR_BADSTATE, "transaction %d is not attached to socket %d", thandle,
+                     sock);
+    }
+    view = found->second.view;
+    return CONFD_OK;
+}
+
+int start_cdb_session(int sock, enum cdb_db_type db) {
+    AgentState& agent = state();
+    std::lock_guard<std::mutex> lock(agent.mutex);
+    Session* session = session_of(agent, sock, SocketKind::cdb);
+    if (session == nullptr) {
+        return CONFD_ERR;
+    }
+    if (session->cdb) {
+        return fail(CONFD_ERR_BADSTATE, "cdb_start_session: a session is started already");
+    }
+    if (db != CDB_RUNNING && db != CDB_PRE_COMMIT_RUNNING) {
+        return failf(CONFD_ERR_NOEXISTS, "cdb_start_session: database %d is not available", db);
+    }
+    session->cdb = session->store->running();
+    return CONFD_OK;
+}
+
+int end_cdb_session(int sock) {
+    AgentState& agent = state();
+    std::lock_guard<std::mutex> lock(agent.mutex);
+    Session* session = session_of(agent, sock, SocketKind::cdb);
+    if (session == nullptr) {
+        return CONFD_ERR;
+    }
+    if (!session->cdb) {
+        return fail(CONFD_ERR_NOSESSION, "cdb_end_session: no session is started");
+    }
+    session->cdb.reset();
+    return CONFD_OK;
+}
+
+int cdb_tree(int sock, std::shared_ptr<const Tree>& tree) {
+    AgentState& agent = state();
+    std::lock_guard<std::mutex> lock(agent.mutex);
+    Session* session = session_of(agent, sock, SocketKind::cdb);
+    if (session == nullptr) {
+        return CONFD_ERR;
+    }
+    if (!session->cdb) {
+        return fail(CONFD_ERR_NOSESSION, "no CDB session is started on this socket");
+    }
+    tree = session->cdb;
+    return CONFD_OK;
+}
+
+}  // namespace confd::detail

@@ -1,0 +1,106 @@
+/* CDB: reads of the running configuration through a session. */
+#include <memory>
+
+#include "agent.h"
+#include "confd_cdb.h"
+#include "error_state.h"
+#include "reads.h"
+
+using confd::detail::SocketKind;
+
+namespace {
+
+// The tree of the socket's session, or nullptr with the error set.
+std::shared_ptr<const confd::detail::Tree> session_tree(int sock) {
+    std::shared_ptr<const confd::detail::Tree> tree;
+    confd::detail::cdb_tree(sock, tree);
+    return tree;
+}
+
+}  // namespace
+
+extern "C" {
+
+int cdb_connect(int sock, enum cdb_sock_type type, const struct sockaddr* srv, int srv_sz) {
+    if (type != CDB_READ_SOCKET && type != CDB_DATA_SOCKET) {
+        return confd::detail::fail(CONFD_ERR_PROTOUSAGE,
+                                   "cdb_connect: only read and data sockets are supported");
+    }
+    return confd::detail::connect_socket(sock, SocketKind::cdb, srv, srv_sz);
+}
+
+int cdb_close(int sock) {
+    return confd::detail::close_socket(sock, SocketKind::cdb);
+}
+
+int cdb_start_session(int sock, enum cdb_db_type db) {
+    return confd::detail::start_cdb_session(sock, db);
+}
+
+int cdb_end_session(int sock) {
+    return confd::detail::end_cdb_session(sock);
+}
+
+int cdb_exists(int sock, const char* fmt, ...) {
+    auto tree = session_tree(sock);
+    if (!tree) {
+        return CONFD_ERR;
+    }
+    va_list args;
+    va_start(args, fmt);
+    const int result = confd::detail::read_exists("cdb_exists", *tree, fmt, args);
+    va_end(args);
+    return result;
+}
+
+int cdb_num_instances(int sock, const char* fmt, ...) {
+    auto tree = session_tree(sock);
+    if (!tree) {
+        return CONFD_ERR;
+    }
+    va_list args;
+    va_start(args, fmt);
+    const int result = confd::detail::read_num_instances("cdb_num_instances", *tree, fmt, args);
+    va_end(args);
+    return result;
+}
+
+int cdb_get(int sock, confd_value_t* v, const char* fmt, ...) {
+    auto tree = session_tree(sock);
+    if (!tree) {
+        return CONFD_ERR;
+    }
+    va_list args;
+    va_start(args, fmt);
+    const int result = confd::detail::read_copy("cdb_get", *tree, v, fmt, args);
+    va_end(args);
+    return result;
+}
+
+int cdb_get_int32(int sock, int32_t* rval, const char* fmt, ...) {
+    auto tree = session_tree(sock);
+    if (!tree) {
+        return CONFD_ERR;
+    }
+    va_list args;
+    va_start(args, fmt);
+    const int result = confd::detail::read_typed("cdb_get_int32", *tree, C_INT32,
+                                                 confd::detail::int32_of, rval, fmt, args);
+    va_end(args);
+    return result;
+}
+
+int cdb_get_u_int32(int sock, u_int32_t* rval, const char* fmt, ...) {
+    auto tree = session_tree(sock);
+    if (!tree) {
+        return CONFD_ERR;
+    }
+    va_list args;
+    va_start(args, fmt);
+    const int result = confd::detail::read_typed("cdb_get_u_int32", *tree, C_UINT32,
+                                                 confd::detail::uint32_of, rval, fmt, args);
+    va_end(args);
+    return result;
+}
+
+}  // extern "C"

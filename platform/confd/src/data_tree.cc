@@ -1,0 +1,104 @@
+#include "data_tree.h"
+
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+#include <sstream>
+
+#include "libyang_log.h"
+
+namespace confd::detail {
+namespace {
+
+confdstore::DataFormat format_of(const std::string& file) {
+    auto ends_with = [&](const char* suffix) {
+        const size_t n = std::strlen(suffix);
+        return file.size() >= n && file.compare(file.size() - n, n, suffix) == 0;
+    };
+    if (ends_with(".xml")) {
+        return confdstore::DataFormat::xml;
+    }
+    if (ends_with(".json")) {
+        return confdstore::DataFormat::json;
+    }
+    throw confdstore::Error(file + ": unknown data format (expected a .xml or .json file)");
+}
+
+std::string read_file(const std::string& file) {
+    std::ifstream in(file, std::ios::binary);
+    if (!in) {
+        throw confdstore::Error(file + ": cannot read: " + std::strerror(errno));
+    }
+    std::ostringstream text;
+    text << in.rdbuf();
+    if (in.bad()) {
+        throw confdstore::Error(file + ": cannot read: " + std::strerror(errno));
+    }
+    return text.str();
+}
+
+bool blank(const std::string& text) {
+    return text.find_first_not_of(" \t\r\n") == std::string::npos;
+}
+
+}  // namespace
+
+Tree::Tree(std::shared_ptr<const Schema> schema, lyd_node* root)
+    : schema_(std::move(schema)), root_(root) {}
+
+Tree::~Tree() {
+    lyd_free_all(root_);
+}
+
+std::shared_ptr<const Tree> Tree::load(std::shared_ptr<const Schema> schema,
+                                       const std::string& file) {
+    const confdstore::DataFormat format = format_of(file);
+    return parse(std::move(schema), read_file(file), format, file);
+}
+
+std::shared_ptr<const Tree> Tree::parse(std::shared_ptr<const Schema> schema,
+                                        const std::string& text, confdstore::DataFormat format,
+                                        const std::string& name) {
+    if (blank(text)) {
+        return empty(std::move(schema));
+    }
+    QuietLibyang quiet;
+    const LYD_FORMAT ly_format = format == confdstore::DataFormat::xml ? LYD_XML : LYD_JSON;
+    lyd_node* root = nullptr;
+    if (lyd_parse_data_mem(schema->context(), text.c_str(), ly_format, LYD_PARSE_STRICT,
+                           LYD_VALIDATE_NO_STATE, &root) != LY_SUCCESS) {
+        lyd_free_all(root);
+        throw confdstore::Error(name + ": " + take_libyang_error(schema->context()));
+    }
+    if (root == nullptr) {
+        return empty(std::move(schema));
+    }
+    return std::shared_ptr<const Tree>(new Tree(std::move(schema), lyd_first_sibling(root)));
+}
+
+std::shared_ptr<const Tree> Tree::empty(std::shared_ptr<const Schema> schema) {
+    QuietLibyang quiet;
+    lyd_node* root = nullptr;
+    // Validation adds the implicit nodes (non-presence containers) of the model.
+    if (lyd_validate_all(&root, schema->context(), LYD_VALIDATE_NO_STATE, nullptr) != LY_SUCCESS) {
+        lyd_free_all(root);
+        throw confdstore::Error("empty configuration: " + take_libyang_error(schema->context()));
+    }
+    return std::shared_ptr<const Tree>(
+        new Tree(std::move(schema), root != nullptr ? lyd_first_sibling(root) : nullptr));
+}
+
+const lyd_node* Tree::first_child(const lyd_node* parent) const {
+    return parent != nullptr ? lyd_child(parent) : root_;
+}
+
+const ListIndex& Tree::list(const lyd_node* parent, const lysc_node* list) const {
+    std::lock_guard<std::mutex> lock(mutex_);
+    auto& index = lists_[{parent, list}];
+    if (!index) {
+        index = std::make_unique<ListIndex>(*schema_, first_child(parent), list);
+    }
+    return *index;
+}
+
+}  // namespace confd::detail

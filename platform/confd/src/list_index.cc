@@ -1,0 +1,64 @@
+#include "list_index.h"
+
+#include <algorithm>
+
+#include "key_order.h"
+#include "schema.h"
+#include "typed_value.h"
+
+namespace confd::detail {
+
+std::optional<std::string> entry_key(const Schema& schema, const lyd_node* entry) {
+    std::string key;
+    const lyd_node* child = lyd_child(entry);
+    for (const lysc_node* key_schema : schema.keys(entry->schema)) {
+        // libyang keeps the keys first, in key order; search only if not.
+        const lyd_node* leaf = child;
+        if (leaf == nullptr || leaf->schema != key_schema) {
+            lyd_node* found = nullptr;
+            lyd_find_sibling_val(lyd_child(entry), key_schema, nullptr, 0, &found);
+            leaf = found;
+        }
+        auto value = TypedValue::of_node(leaf);
+        if (!value) {
+            return std::nullopt;
+        }
+        append_order_key(key, value->view());
+        child = leaf->next;
+    }
+    return key;
+}
+
+ListIndex::ListIndex(const Schema& schema, const lyd_node* siblings, const lysc_node* list) {
+    lyd_node* first = nullptr;
+    if (siblings != nullptr) {
+        lyd_find_sibling_val(siblings, list, nullptr, 0, &first);
+    }
+    for (const lyd_node* entry = first; entry != nullptr && entry->schema == list;
+         entry = entry->next) {
+        by_key_.emplace_back(entry_key(schema, entry).value_or(std::string()), entry);
+    }
+    std::stable_sort(by_key_.begin(), by_key_.end(),
+                     [](const auto& a, const auto& b) { return a.first < b.first; });
+    const bool user_order = (list->flags & LYS_ORDBY_USER) != 0;
+    entries_.reserve(by_key_.size());
+    if (user_order) {
+        for (const lyd_node* entry = first; entry != nullptr && entry->schema == list;
+             entry = entry->next) {
+            entries_.push_back(entry);
+        }
+    } else {
+        for (const auto& item : by_key_) {
+            entries_.push_back(item.second);
+        }
+    }
+}
+
+const lyd_node* ListIndex::find(std::string_view key) const {
+    auto found =
+        std::lower_bound(by_key_.begin(), by_key_.end(), key,
+                         [](const auto& item, std::string_view k) { return item.first < k; });
+    return found != by_key_.end() && found->first == key ? found->second : nullptr;
+}
+
+}  // namespace confd::detail

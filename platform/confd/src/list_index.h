@@ -1,0 +1,43 @@
+/*
+ * The entries of one list under one parent instance, in the order ConfD
+ * delivers them, with a lookup by key values. Built once per list and kept
+ * with the (immutable) data tree, so cursors and key lookups do not sort or
+ * scan per call.
+ */
+#ifndef CONFD_SRC_LIST_INDEX_H
+#define CONFD_SRC_LIST_INDEX_H
+
+#include <libyang/libyang.h>
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace confd::detail {
+
+class Schema;
+
+class ListIndex {
+  public:
+    // siblings: any node among the list's siblings, or nullptr for none.
+    ListIndex(const Schema& schema, const lyd_node* siblings, const lysc_node* list);
+
+    // ordered-by system: key order (key_order.h); ordered-by user: data order.
+    const std::vector<const lyd_node*>& entries() const { return entries_; }
+
+    // The entry whose encoded keys (key_order.h) are key; nullptr if none.
+    const lyd_node* find(std::string_view key) const;
+
+  private:
+    std::vector<std::pair<std::string, const lyd_node*>> by_key_;
+    std::vector<const lyd_node*> entries_;
+};
+
+// The encoded key values of a list entry; nullopt when a key does not convert.
+std::optional<std::string> entry_key(const Schema& schema, const lyd_node* entry);
+
+}  // namespace confd::detail
+
+#endif

@@ -1,0 +1,44 @@
+/*
+ * Finding what a ConfD path names in a data tree: the schema node of each
+ * step and the data instance, with list keys converted by their leaf's type
+ * and matched by value.
+ */
+#ifndef CONFD_SRC_LOCATE_H
+#define CONFD_SRC_LOCATE_H
+
+#include <libyang/libyang.h>
+
+#include <cstdarg>
+#include <string>
+#include <vector>
+
+#include "data_tree.h"
+#include "path_format.h"
+#include "path_syntax.h"
+
+namespace confd::detail {
+
+// A path template expanded and split into steps.
+struct PathRequest {
+    FormattedPath formatted;
+    std::vector<PathStep> steps;
+};
+
+// CONFD_OK, or CONFD_ERR with confd_errno CONFD_ERR_BADPATH.
+int parse_request(const char* fmt, va_list args, PathRequest& request);
+
+struct Location {
+    std::vector<const lysc_node*> chain;  // the schema node of each step
+    const lyd_node* parent = nullptr;     // instance holding the last step (nullptr: top level)
+    bool parent_exists = true;            // every step before the last exists
+    const lyd_node* node = nullptr;       // the last step's instance, if it exists
+    bool whole_list = false;              // the last step is a list given without keys
+};
+
+// CONFD_OK, or CONFD_ERR with confd_errno CONFD_ERR_BADPATH for a path that
+// does not fit the schema (unknown node, keys of the wrong number or type).
+int locate(const Tree& tree, const std::vector<PathStep>& steps, Location& where);
+
+}  // namespace confd::detail
+
+#endif

@@ -1,0 +1,141 @@
+/*
+ * MAAPI cursors. A cursor keeps the transaction's tree and the list's
+ * entries (already in delivery order, list_index.h); the keys of the current
+ * entry are owned by the cursor until the next step or its destruction.
+ */
+#include <memory>
+#include <vector>
+
+#include "agent.h"
+#include "confd_maapi.h"
+#include "error_state.h"
+#include "fault_injection.h"
+#include "locate.h"
+#include "typed_value.h"
+
+namespace {
+
+struct CursorState {
+    std::shared_ptr<const confd::detail::Tree> tree;
+    const std::vector<const lyd_node*>* entries = nullptr;  // owned by the tree
+    size_t next = 0;
+    std::string path;  // normalised, for the fault-injection seam
+    std::vector<confd::detail::TypedValue> keys;
+};
+
+CursorState* state_of(const maapi_cursor* mc) {
+    return static_cast<CursorState*>(mc->prevterm);
+}
+
+void clear_keys(maapi_cursor* mc) {
+    mc->n = 0;
+    for (confd_value_t& key : mc->keys) {
+        key.type = C_NOEXISTS;
+    }
+}
+
+void reset(maapi_cursor* mc, int sock, int thandle) {
+    clear_keys(mc);
+    mc->hint_bulk = 0;
+    mc->secondary_index = nullptr;
+    mc->xpath_expr = nullptr;
+    mc->prevterm = nullptr;
+    mc->path = nullptr;
+    mc->isrel = 0;
+    mc->sock = sock;
+    mc->thandle = thandle;
+    mc->cursor_id = 0;
+}
+
+int open_cursor(int sock, int thandle, maapi_cursor* mc, const char* fmt, va_list args) {
+    confd::detail::TransactionView view;
+    if (confd::detail::transaction(sock, thandle, view) != CONFD_OK) {
+        return CONFD_ERR;
+    }
+    confd::detail::PathRequest request;
+    confd::detail::Location where;
+    if (confd::detail::parse_request(fmt, args, request) != CONFD_OK ||
+        confd::detail::injected_fault("maapi_init_cursor", request.steps) != CONFD_OK ||
+        confd::detail::locate(*view.tree, request.steps, where) != CONFD_OK) {
+        return CONFD_ERR;
+    }
+    const std::string path = confd::detail::normalized_path(request.steps);
+    if (!where.whole_list) {
+        return confd::detail::fail(CONFD_ERR_BADPATH, path + " is not a list");
+    }
+    auto state = std::make_unique<CursorState>();
+    state->tree = view.tree;
+    state->path = path;
+    static const std::vector<const lyd_node*> no_entries;
+    state->entries = where.parent_exists
+                         ? &view.tree->list(where.parent, where.chain.back()).entries()
+                         : &no_entries;
+    mc->prevterm = state.release();
+    return CONFD_OK;
+}
+
+// Makes the keys of entry the cursor's current keys.
+int load_keys(maapi_cursor* mc, CursorState& state, const lyd_node* entry) {
+    const auto& key_schemas = state.tree->schema().keys(entry->schema);
+    state.keys.clear();
+    for (const lysc_node* key_schema : key_schemas) {
+        lyd_node* leaf = nullptr;
+        lyd_find_sibling_val(lyd_child(entry), key_schema, nullptr, 0, &leaf);
+        auto value = confd::detail::TypedValue::of_node(leaf);
+        if (!value) {
+            return confd::detail::fail(CONFD_ERR_BADTYPE, state.path + ": a key does not convert");
+        }
+        state.keys.push_back(std::move(*value));
+    }
+    for (size_t i = 0; i < state.keys.size() && i < MAXKEYLEN; ++i) {
+        mc->keys[i] = state.keys[i].view();
+    }
+    mc->n = static_cast<int>(state.keys.size());
+    return CONFD_OK;
+}
+
+}  // namespace
+
+extern "C" {
+
+int maapi_init_cursor(int sock, int thandle, struct maapi_cursor* mc, const char* fmt, ...) {
+    if (mc == nullptr) {
+        return confd::detail::null_result();
+    }
+    reset(mc, sock, thandle);
+    va_list args;
+    va_start(args, fmt);
+    const int result = open_cursor(sock, thandle, mc, fmt, args);
+    va_end(args);
+    return result;
+}
+
+int maapi_get_next(struct maapi_cursor* mc) {
+    if (mc == nullptr) {
+        return confd::detail::null_result();
+    }
+    clear_keys(mc);
+    CursorState* state = state_of(mc);
+    if (state == nullptr) {
+        return confd::detail::fail(CONFD_ERR_BADSTATE, "cursor not initialised or destroyed");
+    }
+    state->keys.clear();
+    if (confd::detail::injected_fault_at("maapi_get_next", state->path) != CONFD_OK) {
+        return CONFD_ERR;
+    }
+    if (state->next >= state->entries->size()) {
+        return CONFD_OK;
+    }
+    return load_keys(mc, *state, (*state->entries)[state->next++]);
+}
+
+void maapi_destroy_cursor(struct maapi_cursor* mc) {
+    if (mc == nullptr) {
+        return;
+    }
+    delete state_of(mc);
+    mc->prevterm = nullptr;
+    clear_keys(mc);
+}
+
+}  // extern "C"

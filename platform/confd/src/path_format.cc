@@ -1,0 +1,276 @@
+#include "path_format.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstring>
+#include <string>
+
+namespace confd::detail {
+namespace {
+
+bool is_marker_char(char c) {
+    return c >= kValueOpen && c <= kTagClose;
+}
+
+bool has_marker_char(const char* text) {
+    for (; *text != '\0'; ++text) {
+        if (is_marker_char(*text)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// One printf conversion after its '%', with '*' replaced by the argument.
+struct Conversion {
+    std::string spec = "%";
+    std::string length;
+    char letter = '\0';
+};
+
+class Expander {
+  public:
+    Expander(va_list args, FormattedPath& out) : out_(out) { va_copy(args_, args); }
+    ~Expander() { va_end(args_); }
+    Expander(const Expander&) = delete;
+    Expander& operator=(const Expander&) = delete;
+
+    bool run(const char* fmt, std::string& error);
+
+  private:
+    bool expand(const char*& p, std::string& error);
+    bool parse_conversion(const char*& p, Conversion& conversion, std::string& error);
+    bool print_conversion(const Conversion& conversion, std::string& error);
+    template <typename T>
+    void print(const Conversion& conversion, T argument);
+    bool append_value(const confd_value_t* value, std::string& error);
+    bool append_values(std::string& error);
+    bool append_keypath(int levels, const confd_hkeypath_t* hkp, std::string& error);
+
+    va_list args_;
+    FormattedPath& out_;
+};
+
+bool Expander::run(const char* fmt, std::string& error) {
+    for (const char* p = fmt; *p != '\0';) {
+        if (is_marker_char(*p)) {
+            error = "control character in path";
+            return false;
+        }
+        if (*p != '%') {
+            out_.text += *p++;
+            continue;
+        }
+        ++p;
+        if (!expand(p, error)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool Expander::expand(const char*& p, std::string& error) {
+    const bool at_start = out_.text.empty();
+    if (*p == '%') {
+        out_.text += *p++;
+        return true;
+    }
+    if (*p == 'x') {
+        ++p;
+        return append_value(va_arg(args_, const confd_value_t*), error);
+    }
+    if (p[0] == '*' && p[1] == 'x') {
+        p += 2;
+        return append_values(error);
+    }
+    if (at_start && *p == 'h') {
+        ++p;
+        const auto* hkp = va_arg(args_, const confd_hkeypath_t*);
+        return append_keypath(hkp != nullptr ? hkp->len : 0, hkp, error);
+    }
+    if (at_start && p[0] == '*' && p[1] == 'h') {
+        p += 2;
+        const int levels = va_arg(args_, int);
+        return append_keypath(levels, va_arg(args_, const confd_hkeypath_t*), error);
+    }
+    Conversion conversion;
+    return parse_conversion(p, conversion, error) && print_conversion(conversion, error);
+}
+
+bool Expander::parse_conversion(const char*& p, Conversion& c, std::string& error) {
+    while (*p != '\0' && std::strchr("-+ #0'", *p) != nullptr) {
+        c.spec += *p++;
+    }
+    for (int part = 0; part < 2; ++part) {
+        if (part == 1) {
+            if (*p != '.') {
+                break;
+            }
+            c.spec += *p++;
+        }
+        if (*p == '*') {
+            c.spec += std::to_string(va_arg(args_, int));
+            ++p;
+        }
+        while (*p >= '0' && *p <= '9') {
+            c.spec += *p++;
+        }
+    }
+    static const char* const lengths[] = {"hh", "ll", "h", "l", "L", "j", "z", "t"};
+    for (const char* length : lengths) {
+        if (std::strncmp(p, length, std::strlen(length)) == 0) {
+            c.length = length;
+            p += std::strlen(length);
+            break;
+        }
+    }
+    if (*p == '\0' || std::strchr("diouxXeEfFgGaAcsp", *p) == nullptr) {
+        error = "unsupported conversion in path template";
+        return false;
+    }
+    c.letter = *p++;
+    c.spec += c.length + c.letter;
+    return true;
+}
+
+template <typename T>
+void Expander::print(const Conversion& conversion, T argument) {
+    const int size = std::snprintf(nullptr, 0, conversion.spec.c_str(), argument);
+    if (size <= 0) {
+        return;
+    }
+    std::string text(static_cast<size_t>(size) + 1, '\0');
+    std::snprintf(text.data(), text.size(), conversion.spec.c_str(), argument);
+    text.resize(static_cast<size_t>(size));
+    out_.text += text;
+}
+
+bool Expander::print_conversion(const Conversion& c, std::string& error) {
+    const std::string& l = c.length;
+    switch (c.letter) {
+        case 'd':
+        case 'i':
+            if (l == "ll") {
+                print(c, va_arg(args_, long long));
+            } else if (l == "l") {
+                print(c, va_arg(args_, long));
+            } else if (l == "j") {
+                print(c, va_arg(args_, intmax_t));
+            } else if (l == "z" || l == "t") {
+                print(c, va_arg(args_, ptrdiff_t));
+            } else {
+                print(c, va_arg(args_, int));
+            }
+            return true;
+        case 'o':
+        case 'u':
+        case 'x':
+        case 'X':
+            if (l == "ll") {
+                print(c, va_arg(args_, unsigned long long));
+            } else if (l == "l") {
+                print(c, va_arg(args_, unsigned long));
+            } else if (l == "j") {
+                print(c, va_arg(args_, uintmax_t));
+            } else if (l == "z" || l == "t") {
+                print(c, va_arg(args_, size_t));
+            } else {
+                print(c, va_arg(args_, unsigned int));
+            }
+            return true;
+        case 'e':
+        case 'E':
+        case 'f':
+        case 'F':
+        case 'g':
+        case 'G':
+        case 'a':
+        case 'A':
+            if (l == "L") {
+                print(c, va_arg(args_, long double));
+            } else {
+                print(c, va_arg(args_, double));
+            }
+            return true;
+        case 'c':
+            print(c, va_arg(args_, int));
+            return true;
+        case 'p':
+            print(c, va_arg(args_, void*));
+            return true;
+        default:
+            break;
+    }
+    const char* text = va_arg(args_, const char*);
+    if (text == nullptr || !l.empty() || has_marker_char(text)) {
+        error = text == nullptr ? "null string argument in path" : "bad string argument in path";
+        return false;
+    }
+    print(c, text);
+    return true;
+}
+
+bool Expander::append_value(const confd_value_t* value, std::string& error) {
+    if (value == nullptr) {
+        error = "null value argument in path";
+        return false;
+    }
+    out_.text += kValueOpen + std::to_string(out_.values.size()) + kValueClose;
+    out_.values.push_back(*value);
+    return true;
+}
+
+bool Expander::append_values(std::string& error) {
+    const int count = va_arg(args_, int);
+    const auto* values = va_arg(args_, const confd_value_t*);
+    if (count < 0 || count > MAXKEYLEN || (values == nullptr && count > 0)) {
+        error = "bad value array argument in path";
+        return false;
+    }
+    for (int i = 0; i < count; ++i) {
+        if (i != 0) {
+            out_.text += ' ';
+        }
+        append_value(&values[i], error);
+    }
+    return true;
+}
+
+bool Expander::append_keypath(int levels, const confd_hkeypath_t* hkp, std::string& error) {
+    if (hkp == nullptr || hkp->len < 0 || hkp->len > MAXDEPTH || levels < 0 || levels > hkp->len) {
+        error = "bad keypath argument in path";
+        return false;
+    }
+    for (int i = hkp->len - 1; i >= hkp->len - levels; --i) {
+        const confd_value_t* level = hkp->v[i];
+        if (level[0].type == C_XMLTAG) {
+            out_.text += '/';
+            out_.text += kTagOpen + std::to_string(level[0].val.xmltag.tag) + ',' +
+                         std::to_string(level[0].val.xmltag.ns) + kTagClose;
+            continue;
+        }
+        out_.text += '{';
+        for (int k = 0; k < MAXKEYLEN && level[k].type != C_NOEXISTS; ++k) {
+            if (k != 0) {
+                out_.text += ' ';
+            }
+            append_value(&level[k], error);
+        }
+        out_.text += '}';
+    }
+    return true;
+}
+
+}  // namespace
+
+bool format_path(const char* fmt, va_list args, FormattedPath& out, std::string& error) {
+    if (fmt == nullptr) {
+        error = "null path";
+        return false;
+    }
+    Expander expander(args, out);
+    return expander.run(fmt, error);
+}
+
+}  // namespace confd::detail

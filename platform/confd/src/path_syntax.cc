@@ -1,0 +1,226 @@
+#include "path_syntax.h"
+
+#include <charconv>
+
+#include "path_format.h"
+#include "tag_registry.h"
+#include "value_text.h"
+
+namespace confd::detail {
+namespace {
+
+bool is_blank(char c) {
+    return c == ' ' || c == '\t';
+}
+
+class PathParser {
+  public:
+    PathParser(std::string_view text, const std::vector<confd_value_t>& values)
+        : text_(text), values_(values) {}
+
+    bool parse(std::vector<PathStep>& steps, std::string& error);
+
+  private:
+    bool at_end() const { return pos_ >= text_.size(); }
+    char peek() const { return at_end() ? '\0' : text_[pos_]; }
+    bool fail(std::string& error, const std::string& message) {
+        error = message + " at offset " + std::to_string(pos_);
+        return false;
+    }
+    bool parse_step(PathStep& step, std::string& error);
+    bool parse_keys(PathStep& step, std::string& error);
+    bool parse_key(KeyToken& key, std::string& error);
+    bool parse_quoted(std::string& text, std::string& error);
+    bool parse_marker(std::string& text, const confd_value_t** value, std::string& error);
+    bool parse_tag(PathStep& step, std::string& error);
+
+    std::string_view text_;
+    const std::vector<confd_value_t>& values_;
+    size_t pos_ = 0;
+};
+
+bool PathParser::parse(std::vector<PathStep>& steps, std::string& error) {
+    if (at_end()) {
+        return fail(error, "empty path");
+    }
+    while (!at_end()) {
+        if (peek() != '/') {
+            return fail(error, "expected '/'");
+        }
+        ++pos_;
+        PathStep step;
+        if (!parse_step(step, error)) {
+            return false;
+        }
+        steps.push_back(std::move(step));
+    }
+    return true;
+}
+
+bool PathParser::parse_step(PathStep& step, std::string& error) {
+    if (peek() == kTagOpen) {
+        if (!parse_tag(step, error)) {
+            return false;
+        }
+    } else {
+        const size_t start = pos_;
+        while (!at_end() && peek() != '/' && peek() != '{' && peek() != '}' && !is_blank(peek()) &&
+               static_cast<unsigned char>(peek()) > kTagClose) {
+            ++pos_;
+        }
+        std::string_view word = text_.substr(start, pos_ - start);
+        const size_t colon = word.find(':');
+        if (colon != std::string_view::npos) {
+            step.prefix = std::string(word.substr(0, colon));
+            word.remove_prefix(colon + 1);
+        }
+        step.name = std::string(word);
+        if (step.name.empty() || word.find(':') != std::string_view::npos ||
+            (colon != std::string_view::npos && step.prefix.empty())) {
+            return fail(error, "bad node name");
+        }
+    }
+    if (peek() == '{') {
+        return parse_keys(step, error);
+    }
+    if (!at_end() && peek() != '/') {
+        return fail(error, "unexpected character");
+    }
+    return true;
+}
+
+bool PathParser::parse_tag(PathStep& step, std::string& error) {
+    const size_t close = text_.find(kTagClose, pos_);
+    const size_t comma = text_.find(',', pos_);
+    xml_tag tag{};
+    const char* begin = text_.data() + pos_ + 1;
+    if (close == std::string_view::npos || comma > close ||
+        std::from_chars(begin, text_.data() + comma, tag.tag).ptr != text_.data() + comma ||
+        std::from_chars(text_.data() + comma + 1, text_.data() + close, tag.ns).ptr !=
+            text_.data() + close) {
+        return fail(error, "bad keypath element");
+    }
+    step.tag = tag;
+    step.name = tag_text(tag.tag);
+    pos_ = close + 1;
+    return true;
+}
+
+bool PathParser::parse_keys(PathStep& step, std::string& error) {
+    ++pos_;
+    step.keyed = true;
+    for (;;) {
+        while (is_blank(peek())) {
+            ++pos_;
+        }
+        if (at_end()) {
+            return fail(error, "unbalanced '{'");
+        }
+        if (peek() == '}') {
+            ++pos_;
+            break;
+        }
+        if (step.keys.size() >= MAXKEYLEN - 1) {
+            return fail(error, "too many keys");
+        }
+        KeyToken key;
+        if (!parse_key(key, error)) {
+            return false;
+        }
+        step.keys.push_back(std::move(key));
+    }
+    if (step.keys.empty()) {
+        return fail(error, "empty key");
+    }
+    if (!at_end() && peek() != '/') {
+        return fail(error, "unexpected character after '}'");
+    }
+    return true;
+}
+
+bool PathParser::parse_key(KeyToken& key, std::string& error) {
+    if (peek() == '"') {
+        return parse_quoted(key.text, error);
+    }
+    int parts = 0;
+    const confd_value_t* value = nullptr;
+    while (!at_end() && !is_blank(peek()) && peek() != '}') {
+        if (peek() == '{' || peek() == '"') {
+            return fail(error, "unexpected character in key");
+        }
+        if (peek() == kValueOpen) {
+            if (!parse_marker(key.text, &value, error)) {
+                return false;
+            }
+        } else {
+            key.text += text_[pos_++];
+        }
+        ++parts;
+    }
+    // A key that is exactly one %x value keeps the value itself.
+    if (parts == 1 && value != nullptr) {
+        key.value = value;
+    }
+    return true;
+}
+
+bool PathParser::parse_quoted(std::string& text, std::string& error) {
+    ++pos_;
+    while (!at_end() && peek() != '"') {
+        if (peek() == '\\' && pos_ + 1 < text_.size()) {
+            ++pos_;
+        }
+        text += text_[pos_++];
+    }
+    if (at_end()) {
+        return fail(error, "unterminated quoted key");
+    }
+    ++pos_;
+    if (!at_end() && !is_blank(peek()) && peek() != '}') {
+        return fail(error, "unexpected character after quoted key");
+    }
+    return true;
+}
+
+bool PathParser::parse_marker(std::string& text, const confd_value_t** value, std::string& error) {
+    const size_t close = text_.find(kValueClose, pos_);
+    size_t index = 0;
+    const char* begin = text_.data() + pos_ + 1;
+    const char* end = text_.data() + (close == std::string_view::npos ? pos_ : close);
+    if (close == std::string_view::npos || std::from_chars(begin, end, index).ptr != end ||
+        index >= values_.size()) {
+        return fail(error, "bad value in key");
+    }
+    *value = &values_[index];
+    text += value_text(values_[index]);
+    pos_ = close + 1;
+    return true;
+}
+
+}  // namespace
+
+bool parse_path(std::string_view text, const std::vector<confd_value_t>& values,
+                std::vector<PathStep>& steps, std::string& error) {
+    PathParser parser(text, values);
+    return parser.parse(steps, error);
+}
+
+std::string normalized_path(const std::vector<PathStep>& steps) {
+    std::string text;
+    for (const PathStep& step : steps) {
+        text += "/" + step.name;
+        if (!step.keyed) {
+            continue;
+        }
+        text += "{";
+        for (size_t i = 0; i < step.keys.size(); ++i) {
+            confd_value_t as_text;
+            CONFD_SET_STR(&as_text, step.keys[i].text.c_str());
+            text += (i == 0 ? "" : " ") + key_text(as_text);
+        }
+        text += "}";
+    }
+    return text;
+}
+
+}  // namespace confd::detail

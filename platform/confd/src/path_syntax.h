@@ -1,0 +1,44 @@
+/*
+ * The syntax of ConfD paths: "/a/prefix:b{k1 k2}/c". Keys are separated by
+ * blanks (blanks next to the braces are allowed); a key holding a blank, a
+ * brace or a quote is written in double quotes with \" and \\ escaped.
+ * Expanded templates may carry value and tag markers (path_format.h).
+ */
+#ifndef CONFD_SRC_PATH_SYNTAX_H
+#define CONFD_SRC_PATH_SYNTAX_H
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "confd_lib.h"
+
+namespace confd::detail {
+
+struct KeyToken {
+    std::string text;
+    const confd_value_t* value = nullptr;  // a %x value, used as it is
+};
+
+struct PathStep {
+    std::string prefix;  // module name or prefix; empty when not given
+    std::string name;
+    std::optional<xml_tag> tag;  // a step from a keypath: the node by hash
+    bool keyed = false;
+    std::vector<KeyToken> keys;
+};
+
+// Splits an expanded path into steps; false with a message when malformed.
+// Tokens point into values, which must outlive the steps.
+bool parse_path(std::string_view text, const std::vector<confd_value_t>& values,
+                std::vector<PathStep>& steps, std::string& error);
+
+// The path in one spelling: no module prefixes, keys as key_text separated
+// by one blank. Used to compare paths written differently.
+std::string normalized_path(const std::vector<PathStep>& steps);
+
+}  // namespace confd::detail
+
+#endif

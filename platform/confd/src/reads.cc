@@ -1,0 +1,96 @@
+#include "reads.h"
+
+#include "error_state.h"
+#include "fault_injection.h"
+#include "locate.h"
+
+namespace confd::detail {
+namespace {
+
+// Expands, checks the seam and locates; CONFD_OK or CONFD_ERR.
+int prepare(const char* call, const Tree& tree, const char* fmt, va_list args, PathRequest& request,
+            Location& where) {
+    if (parse_request(fmt, args, request) != CONFD_OK ||
+        injected_fault(call, request.steps) != CONFD_OK) {
+        return CONFD_ERR;
+    }
+    return locate(tree, request.steps, where);
+}
+
+const lyd_node* first_entry(const Tree& tree, const Location& where) {
+    const lyd_node* siblings = tree.first_child(where.parent);
+    lyd_node* first = nullptr;
+    if (siblings != nullptr) {
+        lyd_find_sibling_val(siblings, where.chain.back(), nullptr, 0, &first);
+    }
+    return first;
+}
+
+}  // namespace
+
+int read_exists(const char* call, const Tree& tree, const char* fmt, va_list args) {
+    PathRequest request;
+    Location where;
+    if (prepare(call, tree, fmt, args, request, where) != CONFD_OK) {
+        return CONFD_ERR;
+    }
+    if (where.whole_list) {
+        return where.parent_exists && first_entry(tree, where) != nullptr ? 1 : 0;
+    }
+    return where.node != nullptr ? 1 : 0;
+}
+
+int read_num_instances(const char* call, const Tree& tree, const char* fmt, va_list args) {
+    PathRequest request;
+    Location where;
+    if (prepare(call, tree, fmt, args, request, where) != CONFD_OK) {
+        return CONFD_ERR;
+    }
+    if (!where.whole_list) {
+        return fail(CONFD_ERR_BADPATH, normalized_path(request.steps) + " is not a list");
+    }
+    if (!where.parent_exists) {
+        return fail(CONFD_ERR_NOEXISTS, normalized_path(request.steps) + " does not exist");
+    }
+    return static_cast<int>(tree.list(where.parent, where.chain.back()).entries().size());
+}
+
+int read_elem(const char* call, const Tree& tree, TypedValue& value, const char* fmt,
+              va_list args) {
+    PathRequest request;
+    Location where;
+    if (prepare(call, tree, fmt, args, request, where) != CONFD_OK) {
+        return CONFD_ERR;
+    }
+    if (where.chain.back()->nodetype != LYS_LEAF) {
+        return fail(CONFD_ERR_BADPATH, normalized_path(request.steps) + " is not a leaf");
+    }
+    if (where.node == nullptr) {
+        return fail(CONFD_ERR_NOEXISTS, normalized_path(request.steps) + " does not exist");
+    }
+    auto read = TypedValue::of_node(where.node);
+    if (!read) {
+        return fail(CONFD_ERR_BADTYPE, normalized_path(request.steps) +
+                                           ": the value's type has no ConfD representation");
+    }
+    value = std::move(*read);
+    return CONFD_OK;
+}
+
+int read_copy(const char* call, const Tree& tree, confd_value_t* out, const char* fmt,
+              va_list args) {
+    if (out == nullptr) {
+        return null_result();
+    }
+    TypedValue value;
+    if (read_elem(call, tree, value, fmt, args) != CONFD_OK) {
+        return CONFD_ERR;
+    }
+    const confd_value_t view = value.view();
+    if (confd_value_dup_to(&view, out) == nullptr) {
+        return fail(CONFD_ERR_MALLOC, "out of memory");
+    }
+    return CONFD_OK;
+}
+
+}  // namespace confd::detail
