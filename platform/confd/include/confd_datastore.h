@@ -46,9 +46,10 @@ struct ValidationPoint {
     std::string name;
     std::string node_path;  // schema path of the node, "/config/interface/l3"
     bool call_once = false;
-    std::vector<std::string> dependencies;  // schema paths, as written in the model
-    std::string description;                // one line, may be empty
-    const void* node = nullptr;             // the schema node, for the calls below
+    std::vector<std::string> dependencies;      // schema paths, as written in the model
+    std::string description;                    // one line, may be empty
+    const void* node = nullptr;                 // the schema node, for the calls below
+    std::vector<const void*> dependency_nodes;  // the schema nodes of dependencies
 };
 
 // A keypath as a validation callback receives it; owns its key buffers.
@@ -167,6 +168,10 @@ class Datastore {
     // and its C_XMLTAG.
     Keypath schema_keypath(const ValidationPoint& point) const;
     Value schema_value(const ValidationPoint& point) const;
+
+    // The keypath of a path ("/config/interface/l3{5}/ipv6/nd/ra"), keys
+    // typed by their leaves; the instance need not exist.
+    Keypath keypath(const std::string& path) const;
 
   private:
     std::shared_ptr<confd::detail::Store> impl_;

@@ -11,18 +11,6 @@
 namespace confd::detail {
 namespace {
 
-// A key of a path as a value of the key leaf's type. A %x value of that type
-// is taken as it is; anything else is converted from its text.
-std::optional<TypedValue> key_value(const Schema& schema, const lysc_node* leaf,
-                                    const KeyToken& token) {
-    const confd_vtype type = schema.value_type(leaf);
-    if (token.value != nullptr && token.value->type == type) {
-        return TypedValue::copy_of(*token.value);
-    }
-    const auto* yang_type = reinterpret_cast<const lysc_node_leaf*>(leaf)->type;
-    return TypedValue::parse(type, yang_type, token.text);
-}
-
 int encode_keys(const Schema& schema, const PathStep& step, const lysc_node* list,
                 std::string& encoded) {
     const auto& keys = schema.keys(list);
@@ -48,6 +36,16 @@ const lyd_node* find_instance(const Tree& tree, const lyd_node* parent, const ly
 }
 
 }  // namespace
+
+std::optional<TypedValue> key_value(const Schema& schema, const lysc_node* leaf,
+                                    const KeyToken& token) {
+    const confd_vtype type = schema.value_type(leaf);
+    if (token.value != nullptr && token.value->type == type) {
+        return TypedValue::copy_of(*token.value);
+    }
+    const auto* yang_type = reinterpret_cast<const lysc_node_leaf*>(leaf)->type;
+    return TypedValue::parse(type, yang_type, token.text);
+}
 
 int parse_request(const char* fmt, va_list args, PathRequest& request) {
     std::string error;

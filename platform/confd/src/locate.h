@@ -9,12 +9,14 @@
 #include <libyang/libyang.h>
 
 #include <cstdarg>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "data_tree.h"
 #include "path_format.h"
 #include "path_syntax.h"
+#include "typed_value.h"
 
 namespace confd::detail {
 
@@ -23,6 +25,12 @@ struct PathRequest {
     FormattedPath formatted;
     std::vector<PathStep> steps;
 };
+
+// A key of a path as a value of the key leaf's type: a %x value of that
+// type as it is, anything else converted from its text; nullopt if it does
+// not convert.
+std::optional<TypedValue> key_value(const Schema& schema, const lysc_node* leaf,
+                                    const KeyToken& token);
 
 // CONFD_OK, or CONFD_ERR with confd_errno CONFD_ERR_BADPATH.
 int parse_request(const char* fmt, va_list args, PathRequest& request);

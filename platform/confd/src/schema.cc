@@ -35,10 +35,6 @@ std::vector<std::string> yang_files(const std::string& directory) {
     return files;
 }
 
-bool is_data_node(const lysc_node* node) {
-    return (node->nodetype & (LYS_CONTAINER | LYS_LIST | LYS_LEAF | LYS_LEAFLIST)) != 0;
-}
-
 // The data children of node, looking through choices and cases.
 void collect_children(const lysc_node* first, std::vector<const lysc_node*>& out) {
     for (const lysc_node* child = first; child != nullptr; child = child->next) {
@@ -55,6 +51,10 @@ bool matches_prefix(const lys_module* module, std::string_view prefix) {
 }
 
 }  // namespace
+
+bool is_data_node(const lysc_node* node) {
+    return (node->nodetype & (LYS_CONTAINER | LYS_LIST | LYS_LEAF | LYS_LEAFLIST)) != 0;
+}
 
 std::shared_ptr<const Schema> Schema::load(const std::string& directory) {
     QuietLibyang quiet;

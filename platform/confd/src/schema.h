@@ -23,6 +23,9 @@
 
 namespace confd::detail {
 
+// Containers, lists, leaves and leaf-lists: the nodes that data instances have.
+bool is_data_node(const lysc_node* node);
+
 class Schema {
   public:
     // Throws confdstore::Error naming the directory or file.
@@ -34,6 +37,8 @@ class Schema {
 
     const ly_ctx* context() const { return ctx_; }
     const std::vector<const lys_module*>& modules() const { return modules_; }
+    // Every data node, in schema order.
+    const std::vector<const lysc_node*>& nodes() const { return nodes_; }
 
     uint32_t tag(const lysc_node* node) const;
     uint32_t ns(const lys_module* module) const;

@@ -25,8 +25,8 @@ std::string one_line(const std::string& text) {
     return line;
 }
 
-void check_dependency(const Schema& schema, const confdstore::ValidationPoint& point,
-                      const std::string& path) {
+const lysc_node* dependency_node(const Schema& schema, const confdstore::ValidationPoint& point,
+                                 const std::string& path) {
     std::vector<PathStep> steps;
     std::vector<const lysc_node*> chain;
     std::string error;
@@ -34,6 +34,7 @@ void check_dependency(const Schema& schema, const confdstore::ValidationPoint& p
         throw confdstore::Error("validation point " + point.name + " on " + point.node_path +
                                 ": bad dependency '" + path + "': " + error);
     }
+    return chain.back();
 }
 
 bool parse_call_once(const confdstore::ValidationPoint& point, const std::string& value) {
@@ -54,7 +55,7 @@ confdstore::ValidationPoint read_point(const Schema& schema, const lysc_node* no
         if (keyword == "call-once") {
             point.call_once = parse_call_once(point, argument);
         } else if (keyword == "dependency") {
-            check_dependency(schema, point, argument);
+            point.dependency_nodes.push_back(dependency_node(schema, point, argument));
             point.dependencies.push_back(argument);
         } else if (keyword == "description") {
             point.description = one_line(argument);
