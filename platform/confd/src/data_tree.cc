@@ -62,7 +62,6 @@ std::shared_ptr<const Tree> Tree::parse(std::shared_ptr<const Schema> schema,
     if (blank(text)) {
         return empty(std::move(schema));
     }
-    QuietLibyang quiet;
     const LYD_FORMAT ly_format = format == confdstore::DataFormat::xml ? LYD_XML : LYD_JSON;
     lyd_node* root = nullptr;
     if (lyd_parse_data_mem(schema->context(), text.c_str(), ly_format, LYD_PARSE_STRICT,
@@ -77,7 +76,6 @@ std::shared_ptr<const Tree> Tree::parse(std::shared_ptr<const Schema> schema,
 }
 
 std::shared_ptr<const Tree> Tree::empty(std::shared_ptr<const Schema> schema) {
-    QuietLibyang quiet;
     lyd_node* root = nullptr;
     // Validation adds the implicit nodes (non-presence containers) of the model.
     if (lyd_validate_all(&root, schema->context(), LYD_VALIDATE_NO_STATE, nullptr) != LY_SUCCESS) {

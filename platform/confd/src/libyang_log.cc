@@ -1,17 +1,16 @@
 #include "libyang_log.h"
 
+#include <mutex>
+
 namespace confd::detail {
 
-QuietLibyang::QuietLibyang() : options_(LY_LOSTORE) {
-    ly_temp_log_options(&options_);
-}
-
-QuietLibyang::~QuietLibyang() {
-    ly_temp_log_options(nullptr);
+void store_libyang_messages() {
+    static std::once_flag once;
+    std::call_once(once, [] { ly_log_options(LY_LOSTORE_LAST); });
 }
 
 std::string take_libyang_error(const ly_ctx* ctx) {
-    const ly_err_item* item = ly_err_first(ctx);
+    const ly_err_item* item = ly_err_last(ctx);
     std::string text = "unknown libyang error";
     if (item != nullptr && item->msg != nullptr) {
         text = item->msg;

@@ -1,6 +1,7 @@
 /*
- * Keeps libyang quiet while our code calls it: messages are stored in the
- * context (for our own error texts) instead of being printed.
+ * libyang's messages: libconfd has libyang store them (the last one per
+ * context) instead of printing them, and turns them into its own one-line
+ * errors. The setting is process-wide, made when the first schema loads.
  */
 #ifndef CONFD_SRC_LIBYANG_LOG_H
 #define CONFD_SRC_LIBYANG_LOG_H
@@ -11,18 +12,9 @@
 
 namespace confd::detail {
 
-class QuietLibyang {
-  public:
-    QuietLibyang();
-    ~QuietLibyang();
-    QuietLibyang(const QuietLibyang&) = delete;
-    QuietLibyang& operator=(const QuietLibyang&) = delete;
+void store_libyang_messages();
 
-  private:
-    uint32_t options_;
-};
-
-// The first error libyang stored for ctx ("message (path)"), then clears them.
+// The error libyang stored for ctx ("message (path)"), then clears it.
 std::string take_libyang_error(const ly_ctx* ctx);
 
 }  // namespace confd::detail

@@ -60,7 +60,6 @@ int context_node(const confd::detail::Tree& tree, const char* fmtpath, va_list* 
 
 int evaluate(const confd::detail::Tree& tree, const lyd_node* context, const char* expr,
              std::string& result) {
-    confd::detail::QuietLibyang quiet;
     const ly_ctx* ctx = tree.schema().context();
     ly_set* set = nullptr;
     if (lyd_find_xpath3(context, tree.first_child(nullptr), expr, nullptr, &set) != LY_SUCCESS) {

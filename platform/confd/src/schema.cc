@@ -57,14 +57,15 @@ bool is_data_node(const lysc_node* node) {
 }
 
 std::shared_ptr<const Schema> Schema::load(const std::string& directory) {
-    QuietLibyang quiet;
+    store_libyang_messages();
+    const std::vector<std::string> files = yang_files(directory);
     std::shared_ptr<Schema> schema(new Schema());
     const uint16_t options =
         LY_CTX_SET_PRIV_PARSED | LY_CTX_NO_YANGLIBRARY | LY_CTX_DISABLE_SEARCHDIR_CWD;
     if (ly_ctx_new(directory.c_str(), options, &schema->ctx_) != LY_SUCCESS) {
         throw confdstore::Error(directory + ": cannot create a YANG context");
     }
-    for (const std::string& file : yang_files(directory)) {
+    for (const std::string& file : files) {
         lys_module* module = nullptr;
         if (lys_parse_path(schema->ctx_, file.c_str(), LYS_IN_YANG, &module) != LY_SUCCESS) {
             throw confdstore::Error(file + ": " + take_libyang_error(schema->ctx_));

@@ -24,8 +24,6 @@ Registry& registry() {
 void publish_tags(const std::map<std::string, uint32_t>& tags) {
     Registry& reg = registry();
     std::lock_guard<std::mutex> lock(reg.mutex);
-    reg.names.clear();
-    reg.hashes.clear();
     for (const auto& [name, hash] : tags) {
         reg.names[hash] = name;
         reg.hashes[name] = hash;

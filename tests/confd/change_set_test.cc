@@ -1,0 +1,138 @@
+/*
+ * The host tool's view: which validation points fire, on which instances,
+ * with which keypaths and new values.
+ */
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "ipapp.h"
+#include "test_util.h"
+
+namespace {
+
+constexpr const char* kRunning = R"(
+<config xmlns="urn:ipapp:yang:device-config"><interface>
+  <l3 xmlns="urn:ipapp:yang:ipapp"><name>5</name>
+    <ipv6><nd><ra><max-interval>600</max-interval></ra></nd></ipv6></l3>
+  <l3 xmlns="urn:ipapp:yang:ipapp"><name>6</name>
+    <lower-layer-if><vlan>6</vlan></lower-layer-if></l3>
+  <mgmt xmlns="urn:ipapp:yang:ipapp"><name>0</name></mgmt>
+</interface></config>
+<internal xmlns="urn:ipapp:yang:metacli-internal">
+  <vrf-config><indexTOstring><n>1</n><vname>a</vname></indexTOstring></vrf-config>
+</internal>)";
+
+constexpr const char* kCandidate = R"(
+<config xmlns="urn:ipapp:yang:device-config"><interface>
+  <l3 xmlns="urn:ipapp:yang:ipapp"><name>5</name>
+    <ipv6><nd><ra><max-interval>500</max-interval></ra></nd></ipv6></l3>
+  <l3 xmlns="urn:ipapp:yang:ipapp"><name>6</name>
+    <lower-layer-if><vlan>6</vlan></lower-layer-if></l3>
+  <l3 xmlns="urn:ipapp:yang:ipapp"><name>7</name></l3>
+  <mgmt xmlns="urn:ipapp:yang:ipapp"><name>0</name></mgmt>
+</interface></config>)";
+
+class Changes : public ::testing::Test {
+  protected:
+    const confdstore::ValidationPoint& point(const std::string& name, const std::string& node) {
+        for (const auto& p : points) {
+            if (p.name == name && p.node_path == node) {
+                return p;
+            }
+        }
+        throw std::runtime_error("no point " + name + " on " + node);
+    }
+
+    std::vector<std::string> changed(const confdstore::ChangeSet& changes,
+                                     const confdstore::ValidationPoint& p) {
+        std::vector<std::string> paths;
+        for (const auto& instance : changes.changed_instances(p)) {
+            paths.push_back(instance.path());
+        }
+        return paths;
+    }
+
+    ipapp_test::ConfdFixture confd{kRunning, kCandidate};
+    std::vector<confdstore::ValidationPoint> points =
+        ipapp_test::project_schema().validation_points();
+};
+
+TEST_F(Changes, PointsFireOnTheirNodeDescendantsAndDependencies) {
+    const confdstore::ChangeSet changes = confd.datastore().changes();
+    struct Case {
+        const char* name;
+        const char* node;
+        bool fires;
+    } cases[] = {
+        {"intf_l3_name_validation", "/config/interface/l3", true},
+        {"validate_ipv6_nd_ra_interval", "/config/interface/l3/ipv6/nd/ra", true},
+        {"lower_layer_prot_cross_validation", "/config/interface/l3/lower-layer-if", true},
+        {"validate_ipv6_nd_ra_interval", "/config/interface/mgmt/ipv6/nd/ra", false},
+        {"ipv4_addr_validation", "/config/interface/mgmt", false},
+        {"ipv4_addr_validation", "/config/interface/loopback", true},  // vrf-config dependency
+        {"intf_vrf_validation", "/config/interface/loopback", false},
+        {"ipv4_addr_route_validation", "/DC-RTM-MIB/rtmStaticRtTable/rtmStaticRtEntry", true},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(changes.fires(point(c.name, c.node)), c.fires) << c.name << " on " << c.node;
+    }
+}
+
+TEST_F(Changes, PerInstancePointsGetTheChangedAndCreatedInstances) {
+    const confdstore::ChangeSet changes = confd.datastore().changes();
+    EXPECT_EQ(
+        changed(changes, point("validate_ipv6_nd_ra_interval", "/config/interface/l3/ipv6/nd/ra")),
+        (std::vector<std::string>{"/config/interface/l3{5}/ipv6/nd/ra",
+                                  "/config/interface/l3{7}/ipv6/nd/ra"}));
+    EXPECT_EQ(changed(changes, point("lower_layer_prot_cross_validation",
+                                     "/config/interface/l3/lower-layer-if")),
+              (std::vector<std::string>{"/config/interface/l3{7}/lower-layer-if"}));
+    EXPECT_EQ(
+        confd.datastore()
+            .instances(point("validate_ipv6_nd_ra_interval", "/config/interface/l3/ipv6/nd/ra"))
+            .size(),
+        3u);
+}
+
+TEST_F(Changes, KeypathShapesOfTheHandlers) {
+    const auto& l3_point = point("intf_vrf_validation", "/config/interface/l3");
+    const confdstore::Keypath schema_kp = confd.datastore().schema_keypath(l3_point);
+    EXPECT_EQ(schema_kp.get().len, 3);
+    EXPECT_EQ(schema_kp.get().v[0][0].type, C_XMLTAG);
+    EXPECT_EQ(CONFD_GET_XMLTAG(&schema_kp.get().v[0][0]), static_cast<u_int32_t>(ipapp_l3));
+    EXPECT_EQ(CONFD_GET_XMLTAG_NS(&schema_kp.get().v[0][0]), static_cast<u_int32_t>(ipapp__ns));
+    const confd_value_t list_value = confd.datastore().schema_value(l3_point).get();
+    EXPECT_EQ(list_value.type, C_XMLTAG);
+    EXPECT_EQ(CONFD_GET_XMLTAG(&list_value), static_cast<u_int32_t>(ipapp_l3));
+
+    const auto ra = confd.datastore().instances(
+        point("validate_ipv6_nd_ra_lifetime", "/config/interface/l3/ipv6/nd/ra"));
+    ASSERT_FALSE(ra.empty());
+    const confdstore::Keypath ra_kp = ra.front().keypath();
+    EXPECT_EQ(ra_kp.text(), "/config/interface/l3{5}/ipv6/nd/ra");
+    EXPECT_EQ(ra_kp.get().v[3][0].type, C_BUF);
+    EXPECT_EQ(CONFD_GET_XMLTAG(&ra_kp.get().v[4][0]), static_cast<u_int32_t>(ipapp_l3));
+    EXPECT_EQ(ra.front().new_value().get().type, C_XMLTAG);
+
+    const auto lower = confd.datastore().instances(
+        point("lower_layer_prot_cross_validation", "/config/interface/l3/lower-layer-if"));
+    ASSERT_FALSE(lower.empty());
+    EXPECT_EQ(confd_test::pp(lower.front().keypath().get().v[1][0]), "5");
+
+    const confdstore::Keypath vrf = confd.datastore().keypath("/config/interface/loopback{1}/vrf");
+    EXPECT_EQ(CONFD_GET_XMLTAG(&vrf.get().v[0][0]), static_cast<u_int32_t>(ipapp_vrf));
+    EXPECT_EQ(CONFD_GET_XMLTAG(&vrf.get().v[2][0]), static_cast<u_int32_t>(ipapp_loopback));
+    EXPECT_THROW(confd.datastore().keypath("/config/interface/nosuch"), confdstore::Error);
+}
+
+TEST(ChangesOfEqualConfigurations, NothingFires) {
+    ipapp_test::ConfdFixture confd{kRunning, kRunning};
+    const confdstore::ChangeSet changes = confd.datastore().changes();
+    EXPECT_EQ(changes.size(), 0u);
+    for (const auto& p : ipapp_test::project_schema().validation_points()) {
+        EXPECT_FALSE(changes.fires(p)) << p.name << " on " << p.node_path;
+    }
+}
+
+}  // namespace

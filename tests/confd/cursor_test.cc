@@ -1,0 +1,122 @@
+/* Cursors: delivery order, keys, the end of the walk and misuse. */
+#include <gtest/gtest.h>
+
+#include "project_data.h"
+#include "test_util.h"
+
+namespace {
+
+using confd_test::cursor_keys;
+
+constexpr const char* kLists = R"(
+<top xmlns="urn:ipapp:test:test-lists">
+  <by-number><n>10</n></by-number>
+  <by-number><n>-1</n></by-number>
+  <by-number><n>2</n></by-number>
+  <by-number><n>100</n></by-number>
+  <by-name><name>b</name></by-name>
+  <by-name><name>a</name></by-name>
+  <by-name><name>B</name></by-name>
+  <by-name><name>aa</name></by-name>
+  <by-user><name>zeta</name></by-user>
+  <by-user><name>alpha</name></by-user>
+  <by-user><name>mu</name></by-user>
+  <by-pair><a>2</a><b>x</b></by-pair>
+  <by-pair><a>1</a><b>z</b></by-pair>
+  <by-pair><a>1</a><b>a</b></by-pair>
+</top>)";
+
+TEST(CursorOrder, SystemOrderIsKeyOrderAndUserOrderIsAsWritten) {
+    ipapp_test::ConfdFixture confd(confd_test::test_schema(), "", kLists);
+    struct Case {
+        const char* list;
+        std::vector<std::string> keys;
+    } cases[] = {
+        {"/top/by-number", {"-1", "2", "10", "100"}},
+        {"/top/by-name", {"B", "a", "aa", "b"}},
+        {"/top/by-user", {"zeta", "alpha", "mu"}},
+        {"/top/by-pair", {"1 a", "1 z", "2 x"}},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(cursor_keys(confd.maapi_socket(), confd.thandle(), c.list), c.keys) << c.list;
+    }
+}
+
+TEST(CursorOrder, ProjectListsByNumberStringAndAddress) {
+    ipapp_test::ConfdFixture confd("", confd_test::kCandidate);
+    const int s = confd.maapi_socket();
+    const int th = confd.thandle();
+    EXPECT_EQ(cursor_keys(s, th, "/config/interface/ipapp:l3"),
+              (std::vector<std::string>{"10", "2", "5"}));
+    EXPECT_EQ(cursor_keys(s, th, "/config/interface/l3{5}/ipv4/address/secondary"),
+              (std::vector<std::string>{"10.0.3.1/24", "10.1.3.1/24"}));
+    EXPECT_EQ(
+        cursor_keys(s, th, "/DC-RTM-MIB/rtmStaticRtTable/rtmStaticRtEntry"),
+        (std::vector<std::string>{"0 enum<1> 0a:00:00:00 8 1 0a:01:02:fe",
+                                  "0 enum<2> 20:01:0d:b8:00:00:00:00:00:00:00:00:00:00:00:00 32 2 "
+                                  "20:01:0d:b8:00:00:00:00:00:00:00:00:00:00:00:02"}));
+    EXPECT_TRUE(cursor_keys(s, th, "/config/interface/l3{10}/ipv4/address/secondary").empty());
+    EXPECT_TRUE(cursor_keys(s, th, "/config/interface/l3{99}/ipv4/address/secondary").empty());
+}
+
+TEST(CursorUse, KeysReadBackAsTheirTypesAndServeAsPathKeys) {
+    ipapp_test::ConfdFixture confd("", confd_test::kCandidate);
+    const int s = confd.maapi_socket();
+    const int th = confd.thandle();
+    maapi_cursor mc;
+    ASSERT_EQ(maapi_init_cursor(s, th, &mc, "/internal/ospfv3-interface-l3"), CONFD_OK);
+    ASSERT_EQ(maapi_get_next(&mc), CONFD_OK);
+    ASSERT_EQ(mc.n, 3);
+    EXPECT_EQ(mc.keys[0].type, C_UINT32);
+    EXPECT_EQ(mc.keys[1].type, C_IPV4);
+    EXPECT_EQ(mc.keys[2].type, C_BUF);
+    EXPECT_EQ(mc.keys[3].type, C_NOEXISTS);
+    u_int32_t index = 0;
+    EXPECT_EQ(
+        maapi_get_u_int32_elem(
+            s, th, &index, "/internal/ospfv3-interface-l3{%*x}/ospfv3-pm-if-index", mc.n, mc.keys),
+        CONFD_OK);
+    EXPECT_EQ(index, 1100u);
+    EXPECT_EQ(maapi_get_next(&mc), CONFD_OK);
+    EXPECT_EQ(mc.n, 0);
+    EXPECT_EQ(maapi_get_next(&mc), CONFD_OK);  // past the end stays at the end
+    EXPECT_EQ(mc.n, 0);
+    maapi_destroy_cursor(&mc);
+    maapi_destroy_cursor(&mc);
+    EXPECT_EQ(maapi_get_next(&mc), CONFD_ERR);
+    EXPECT_EQ(confd_errno, CONFD_ERR_BADSTATE);
+    EXPECT_EQ(mc.n, 0);
+}
+
+TEST(CursorUse, TheCursorOutlivesItsTransaction) {
+    ipapp_test::ConfdFixture confd("", confd_test::kCandidate);
+    maapi_cursor mc;
+    ASSERT_EQ(maapi_init_cursor(confd.maapi_socket(), confd.thandle(), &mc, "/config/interface/l3"),
+              CONFD_OK);
+    ASSERT_EQ(maapi_finish_trans(confd.maapi_socket(), confd.thandle()), CONFD_OK);
+    ASSERT_EQ(maapi_get_next(&mc), CONFD_OK);
+    EXPECT_EQ(confd_test::pp(mc.keys[0]), "10");
+    maapi_destroy_cursor(&mc);
+}
+
+TEST(CursorUse, BadInitLeavesASafeCursor) {
+    ipapp_test::ConfdFixture confd("", confd_test::kCandidate);
+    const char* paths[] = {"/config/interface/l3{5}", "/config/interface/l3{5}/vrf", "/nosuch"};
+    for (const char* path : paths) {
+        maapi_cursor mc;
+        EXPECT_EQ(maapi_init_cursor(confd.maapi_socket(), confd.thandle(), &mc, "%s", path),
+                  CONFD_ERR)
+            << path;
+        EXPECT_EQ(confd_errno, CONFD_ERR_BADPATH) << path;
+        EXPECT_EQ(maapi_get_next(&mc), CONFD_ERR);
+        EXPECT_EQ(mc.n, 0);
+        maapi_destroy_cursor(&mc);
+    }
+    EXPECT_EQ(
+        maapi_init_cursor(confd.maapi_socket(), confd.thandle(), nullptr, "/config/interface/l3"),
+        CONFD_ERR);
+    EXPECT_EQ(maapi_get_next(nullptr), CONFD_ERR);
+    maapi_destroy_cursor(nullptr);
+}
+
+}  // namespace

@@ -1,0 +1,158 @@
+/* maapi_diff_iterate / maapi_keypath_diff_iterate: operations, order and control. */
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "test_util.h"
+
+namespace {
+
+constexpr const char* kRunning = R"(
+<config xmlns="urn:ipapp:yang:device-config"><interface>
+  <l3 xmlns="urn:ipapp:yang:ipapp">
+    <name>5</name><vrf>red</vrf>
+    <ipv4><address><secondary><ip>10.1.3.1/24</ip></secondary></address></ipv4>
+    <ipv6><nd><ra><max-interval>600</max-interval></ra></nd></ipv6>
+    <lower-layer-if><vlan>99</vlan></lower-layer-if>
+  </l3>
+  <l3 xmlns="urn:ipapp:yang:ipapp"><name>7</name></l3>
+  <l3 xmlns="urn:ipapp:yang:ipapp"><name>8</name><vrf>blue</vrf></l3>
+</interface></config>)";
+
+constexpr const char* kCandidate = R"(
+<config xmlns="urn:ipapp:yang:device-config"><interface>
+  <l3 xmlns="urn:ipapp:yang:ipapp">
+    <name>5</name><vrf>blue</vrf>
+    <ipv4><address>
+      <secondary><ip>10.1.3.1/24</ip></secondary>
+      <secondary><ip>10.9.9.9/24</ip></secondary>
+    </address></ipv4>
+    <ipv6><nd><ra><max-interval>600</max-interval><min-interval>100</min-interval></ra></nd></ipv6>
+  </l3>
+  <l3 xmlns="urn:ipapp:yang:ipapp"><name>9</name><vrf>green</vrf>
+    <lower-layer-if><vlan>10</vlan></lower-layer-if></l3>
+  <l3 xmlns="urn:ipapp:yang:ipapp"><name>8</name><vrf>blue</vrf></l3>
+</interface></config>)";
+
+const char* op_name(enum maapi_iter_op op) {
+    switch (op) {
+        case MOP_CREATED:
+            return "created";
+        case MOP_DELETED:
+            return "deleted";
+        case MOP_MODIFIED:
+            return "modified";
+        case MOP_VALUE_SET:
+            return "set";
+        default:
+            return "other";
+    }
+}
+
+// Records each event; answers with the reply of the first rule whose text
+// the event starts with, ITER_RECURSE otherwise.
+struct Recorder {
+    std::vector<std::pair<std::string, enum maapi_iter_ret>> rules;
+    std::vector<std::string> events;
+
+    static enum maapi_iter_ret iterate(confd_hkeypath_t* kp, enum maapi_iter_op op,
+                                       confd_value_t* oldv, confd_value_t* newv, void* state) {
+        auto* self = static_cast<Recorder*>(state);
+        std::string event = std::string(op_name(op)) + " " + confd_test::pp(*kp);
+        EXPECT_EQ(oldv, nullptr);
+        EXPECT_EQ(newv != nullptr, op == MOP_VALUE_SET) << event;
+        if (newv != nullptr) {
+            event += " = " + confd_test::pp(*newv);
+        }
+        self->events.push_back(event);
+        for (const auto& [prefix, reply] : self->rules) {
+            if (event.rfind(prefix, 0) == 0) {
+                return reply;
+            }
+        }
+        return ITER_RECURSE;
+    }
+};
+
+class DiffIterate : public ::testing::Test {
+  protected:
+    std::vector<std::string> run(const char* path, Recorder recorder = {}) {
+        const int rc = maapi_keypath_diff_iterate(confd.maapi_socket(), confd.thandle(),
+                                                  Recorder::iterate, 0, &recorder, "%s", path);
+        EXPECT_EQ(rc, CONFD_OK) << confd_lasterr();
+        return recorder.events;
+    }
+
+    ipapp_test::ConfdFixture confd{kRunning, kCandidate};
+};
+
+TEST_F(DiffIterate, ReportsEveryKindOfChangeInDocumentedOrder) {
+    const std::vector<std::string> expected = {
+        "deleted /config/interface/l3{7}",
+        "modified /config/interface/l3{5}",
+        "deleted /config/interface/l3{5}/lower-layer-if/vlan",
+        "set /config/interface/l3{5}/vrf = blue",
+        "created /config/interface/l3{5}/ipv4/address/secondary{10.9.9.9/24}",
+        "set /config/interface/l3{5}/ipv6/nd/ra/min-interval = 100",
+        "created /config/interface/l3{9}",
+        "set /config/interface/l3{9}/vrf = green",
+        "set /config/interface/l3{9}/lower-layer-if/vlan = 10",
+    };
+    EXPECT_EQ(run("/config/interface/ipapp:l3"), expected);
+    Recorder all;
+    ASSERT_EQ(maapi_diff_iterate(confd.maapi_socket(), confd.thandle(), Recorder::iterate, 0, &all),
+              CONFD_OK);
+    EXPECT_EQ(all.events, expected);
+}
+
+TEST_F(DiffIterate, RepliesStopOrSkipTheWalk) {
+    struct Case {
+        const char* name;
+        std::vector<std::pair<std::string, enum maapi_iter_ret>> rules;
+        std::vector<std::string> events;
+    } cases[] = {
+        {"stop at the first set value",
+         {{"set", ITER_STOP}},
+         {"deleted /config/interface/l3{7}", "modified /config/interface/l3{5}",
+          "deleted /config/interface/l3{5}/lower-layer-if/vlan",
+          "set /config/interface/l3{5}/vrf = blue"}},
+        {"continue skips what is below",
+         {{"modified", ITER_CONTINUE}, {"created", ITER_CONTINUE}},
+         {"deleted /config/interface/l3{7}", "modified /config/interface/l3{5}",
+          "created /config/interface/l3{9}"}},
+    };
+    for (const Case& c : cases) {
+        Recorder recorder;
+        recorder.rules = c.rules;
+        EXPECT_EQ(run("/config/interface/l3", recorder), c.events) << c.name;
+    }
+}
+
+TEST_F(DiffIterate, APathNarrowsTheWalk) {
+    EXPECT_EQ(run("/config/interface/l3{9}/lower-layer-if"),
+              (std::vector<std::string>{"set /config/interface/l3{9}/lower-layer-if/vlan = 10"}));
+    EXPECT_EQ(run("/config/interface/l3{7}"),
+              (std::vector<std::string>{"deleted /config/interface/l3{7}"}));
+    EXPECT_TRUE(run("/config/interface/l3{8}").empty());
+    EXPECT_TRUE(run("/config/interface/loopback").empty());
+    EXPECT_EQ(run("/config/interface/l3{5}/ipv4/address/secondary"),
+              (std::vector<std::string>{
+                  "created /config/interface/l3{5}/ipv4/address/secondary{10.9.9.9/24}"}));
+}
+
+TEST_F(DiffIterate, BadCallsAreErrors) {
+    Recorder recorder;
+    EXPECT_EQ(maapi_keypath_diff_iterate(confd.maapi_socket(), confd.thandle(), Recorder::iterate,
+                                         0, &recorder, "/config/nosuch"),
+              CONFD_ERR);
+    EXPECT_EQ(confd_errno, CONFD_ERR_BADPATH);
+    EXPECT_EQ(maapi_keypath_diff_iterate(confd.maapi_socket(), confd.thandle(), nullptr, 0,
+                                         &recorder, "/config"),
+              CONFD_ERR);
+    EXPECT_EQ(maapi_diff_iterate(confd.maapi_socket(), 424242, Recorder::iterate, 0, &recorder),
+              CONFD_ERR);
+    EXPECT_TRUE(recorder.events.empty());
+}
+
+}  // namespace

@@ -1,0 +1,267 @@
+/* MAAPI reads of the candidate: existence, typed values, counts, keys of every kind. */
+#include <arpa/inet.h>
+#include <gtest/gtest.h>
+
+#include "project_data.h"
+#include "test_util.h"
+
+namespace {
+
+using confd_test::pp;
+
+class MaapiRead : public ::testing::Test {
+  protected:
+    ipapp_test::ConfdFixture confd{"", confd_test::kCandidate};
+    int s = confd.maapi_socket();
+    int th = confd.thandle();
+};
+
+TEST_F(MaapiRead, ExistsForLeavesEntriesListsAndContainers) {
+    struct Case {
+        const char* path;
+        int exists;
+    } cases[] = {
+        {"/config/interface/ipapp:l3{5}/vrf", 1},
+        {"/config/interface/l3{5}/vrf", 1},
+        {"/device-config:config/interface/ipapp:l3{5}", 1},
+        {"/config/interface/l3{10}/vrf", 0},
+        {"/config/interface/l3{7}", 0},
+        {"/config/interface/l3{7}/vrf", 0},
+        {"/config/interface/l3", 1},
+        {"/config/interface/l3{2}/ipv4/address/secondary", 0},
+        {"/config/interface/l3{5}/ipv4/address/secondary", 1},
+        {"/config/interface/l3{5}/ipv6/nd/ra/lifetime", 0},
+        {"/internal/ospfv3-interface-l3", 1},
+        {"/metacli-internal:internal/metacli-internal:vrf-config/indexTOstring{3}/vname", 1},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(maapi_exists(s, th, "%s", c.path), c.exists) << c.path;
+    }
+}
+
+TEST_F(MaapiRead, LeavesReadBackAsTheirConfdTypes) {
+    struct Case {
+        const char* path;
+        confd_vtype type;
+        const char* text;
+    } cases[] = {
+        {"/config/interface/l3{5}/vrf", C_BUF, "red"},
+        {"/config/interface/l3{5}/ipv4/address/ip", C_IPV4_AND_PLEN, "10.1.2.3/24"},
+        {"/config/interface/l3{5}/ipv6/address{2001:db8::1/64}/ip", C_IPV6_AND_PLEN,
+         "2001:db8::1/64"},
+        {"/config/interface/l3{5}/lower-layer-if/vlan", C_INT32, "100"},
+        {"/config/interface/l3{5}/ipv6/nd/ra/max-interval", C_UINT16, "600"},
+        {"/internal/ospf-interface-l3{7 0.0.0.1 l3-5 10.1.2.3}/ospf-pm-ip-netmask", C_UINT8, "24"},
+        {"/internal/ospfv3-interface-l3{2 0.0.0.1 l3-5}/ospfv3-pm-area-id", C_IPV4, "0.0.0.1"},
+        {"/internal/ospf-index-to-proc-id{7}/proc_id", C_UINT32, "2"},
+        {"/rtmStaticRtEntry-global{ 1 0a:00:00:00 8 0a:01:02:fe }/next-hop", C_BINARY,
+         "0a:01:02:fe"},
+        {"/DC-RTM-MIB/rtmStaticRtTable/rtmStaticRtEntry{0 ipv4 0a:00:00:00 8 1 0a:01:02:fe}/"
+         "rtmStaticRtDestAddrType",
+         C_ENUM_VALUE, "enum<1>"},
+    };
+    for (const Case& c : cases) {
+        confd_value_t v;
+        ASSERT_EQ(maapi_get_elem(s, th, &v, "%s", c.path), CONFD_OK)
+            << c.path << ": " << confd_lasterr();
+        EXPECT_EQ(v.type, c.type) << c.path;
+        EXPECT_EQ(pp(v), c.text) << c.path;
+        confd_free_value(&v);
+    }
+}
+
+TEST_F(MaapiRead, StringBuffersAreNulTerminatedCopies) {
+    confd_value_t v;
+    ASSERT_EQ(maapi_get_elem(s, th, &v, "/config/interface/l3{%s}/vrf", "5"), CONFD_OK);
+    ASSERT_EQ(v.type, C_BUF);
+    EXPECT_EQ(v.val.buf.size, 3u);
+    EXPECT_STREQ(CONFD_GET_CBUFPTR(&v), "red");
+    confd_free_value(&v);
+}
+
+TEST_F(MaapiRead, TypedGettersCheckTheType) {
+    int32_t vlan = 0;
+    EXPECT_EQ(maapi_get_int32_elem(s, th, &vlan, "/config/interface/l3{5}/lower-layer-if/vlan"),
+              CONFD_OK);
+    EXPECT_EQ(vlan, 100);
+    u_int16_t max_interval = 0;
+    EXPECT_EQ(maapi_get_u_int16_elem(s, th, &max_interval,
+                                     "/config/interface/l3{5}/ipv6/nd/ra/max-interval"),
+              CONFD_OK);
+    EXPECT_EQ(max_interval, 600);
+    confd_ipv4_prefix prefix{};
+    EXPECT_EQ(
+        maapi_get_ipv4_and_plen_elem(s, th, &prefix, "/config/interface/l3{5}/ipv4/address/ip"),
+        CONFD_OK);
+    EXPECT_EQ(ntohl(prefix.ip.s_addr), 0x0a010203u);
+    EXPECT_EQ(prefix.len, 24);
+    int32_t enumeration = -1;
+    EXPECT_EQ(maapi_get_enum_value_elem(
+                  s, th, &enumeration,
+                  "/DC-RTM-MIB/rtmStaticRtTable/rtmStaticRtEntry{0 ipv6 "
+                  "20:01:0d:b8:00:00:00:00:00:00:00:00:00:00:00:00 32 2 "
+                  "20:01:0d:b8:00:00:00:00:00:00:00:00:00:00:00:02}/rtmStaticRtDestAddrType"),
+              CONFD_OK);
+    EXPECT_EQ(enumeration, 2);
+
+    u_int32_t wrong = 77;
+    EXPECT_EQ(maapi_get_u_int32_elem(s, th, &wrong, "/config/interface/l3{5}/lower-layer-if/vlan"),
+              CONFD_ERR);
+    EXPECT_EQ(confd_errno, CONFD_ERR_BADTYPE);
+    EXPECT_EQ(wrong, 77u);
+    EXPECT_EQ(maapi_get_int32_elem(s, th, nullptr, "/config/interface/l3{5}/lower-layer-if/vlan"),
+              CONFD_ERR);
+    EXPECT_EQ(confd_errno, CONFD_ERR_PROTOUSAGE);
+}
+
+TEST_F(MaapiRead, AbsentLeavesAndWrongTargetsAreErrors) {
+    struct Case {
+        const char* path;
+        int error;
+    } cases[] = {
+        {"/config/interface/l3{10}/vrf", CONFD_ERR_NOEXISTS},
+        {"/config/interface/l3{7}/lower-layer-if/vlan", CONFD_ERR_NOEXISTS},
+        {"/config/interface/l3{5}/ipv4", CONFD_ERR_BADPATH},
+        {"/config/interface/l3{5}", CONFD_ERR_BADPATH},
+    };
+    for (const Case& c : cases) {
+        confd_value_t v;
+        EXPECT_EQ(maapi_get_elem(s, th, &v, "%s", c.path), CONFD_ERR) << c.path;
+        EXPECT_EQ(confd_errno, c.error) << c.path;
+        EXPECT_NE(std::string(confd_lasterr()), "") << c.path;
+    }
+}
+
+TEST_F(MaapiRead, StrElemCopiesOrRefusesASmallBuffer) {
+    char name[8];
+    EXPECT_EQ(
+        maapi_get_str_elem(s, th, name, sizeof name, "/internal/ospf-index-to-proc-id{7}/vrf_name"),
+        CONFD_OK);
+    EXPECT_STREQ(name, "red");
+    char small[3] = "xx";
+    EXPECT_EQ(maapi_get_str_elem(s, th, small, sizeof small,
+                                 "/internal/ospf-index-to-proc-id{7}/vrf_name"),
+              CONFD_ERR);
+    EXPECT_EQ(confd_errno, CONFD_ERR_PROTOUSAGE);
+    EXPECT_EQ(
+        maapi_get_str_elem(s, th, name, sizeof name, "/internal/ospf-index-to-proc-id{7}/proc_id"),
+        CONFD_ERR);
+    EXPECT_EQ(confd_errno, CONFD_ERR_BADTYPE);
+}
+
+TEST_F(MaapiRead, NumInstancesCountsEntriesUnderTheParent) {
+    EXPECT_EQ(maapi_num_instances(s, th, "/config/interface/ipapp:l3"), 3);
+    EXPECT_EQ(maapi_num_instances(s, th, "/config/interface/l3{5}/ipv4/address/secondary"), 2);
+    EXPECT_EQ(maapi_num_instances(s, th, "/config/interface/l3{10}/ipv4/address/secondary"), 0);
+    EXPECT_EQ(maapi_num_instances(s, th, "/DC-RTM-MIB/rtmStaticRtTable/rtmStaticRtEntry"), 2);
+    EXPECT_EQ(maapi_num_instances(s, th, "/config/interface/l3{7}/ipv4/address/secondary"),
+              CONFD_ERR);
+    EXPECT_EQ(confd_errno, CONFD_ERR_NOEXISTS);
+    EXPECT_EQ(maapi_num_instances(s, th, "/config/interface/l3{5}/vrf"), CONFD_ERR);
+    EXPECT_EQ(confd_errno, CONFD_ERR_BADPATH);
+}
+
+// Keys are matched by value: hex octets in either case, addresses in any
+// spelling, enumerations by name, keys given as values with %x / %*x.
+TEST_F(MaapiRead, MultiKeyRoutesMatchKeysByValue) {
+    const char* route = "/DC-RTM-MIB/rtmStaticRtTable/rtmStaticRtEntry";
+    const char* spellings[] = {
+        "{0 ipv4 0a:00:00:00 8 1 0a:01:02:fe}",
+        "{ 0 ipv4 0A:00:00:00 8 1 0a:01:02:FE }",
+        "{0\tipv4 0a:00:00:00   8 1 0a:01:02:fe}",
+        "{000 ipv4 0a:00:00:00 +8 1 0a:01:02:fe}",
+    };
+    for (const char* keys : spellings) {
+        u_int32_t preference = 0;
+        EXPECT_EQ(
+            maapi_get_u_int32_elem(s, th, &preference, "%s%s/rtmStaticRtPreference", route, keys),
+            CONFD_OK)
+            << keys << ": " << confd_lasterr();
+        EXPECT_EQ(preference, 5u) << keys;
+    }
+    const unsigned char destination[] = {10, 0, 0, 0};
+    const unsigned char next_hop[] = {10, 1, 2, 254};
+    confd_value_t keys[6];
+    CONFD_SET_UINT32(&keys[0], 0);
+    CONFD_SET_ENUM_VALUE(&keys[1], 1);
+    CONFD_SET_BINARY(&keys[2], destination, 4);
+    CONFD_SET_INT32(&keys[3], 8);
+    CONFD_SET_UINT32(&keys[4], 1);
+    CONFD_SET_BINARY(&keys[5], next_hop, 4);
+    EXPECT_EQ(maapi_exists(s, th, "%s{%*x}", route, 6, keys), 1);
+    EXPECT_EQ(maapi_exists(s, th, "%s{%x %x %x %x %x %x}", route, &keys[0], &keys[1], &keys[2],
+                           &keys[3], &keys[4], &keys[5]),
+              1);
+    CONFD_SET_INT32(&keys[3], 9);
+    EXPECT_EQ(maapi_exists(s, th, "%s{%*x}", route, 6, keys), 0);
+}
+
+TEST_F(MaapiRead, AddressKeysMatchWhateverTheSpelling) {
+    EXPECT_EQ(maapi_exists(s, th, "/config/interface/l3{5}/ipv6/address{2001:0db8:0::1/64}"), 1);
+    EXPECT_EQ(maapi_exists(s, th, "/config/interface/l3{5}/ipv6/address{2001:db8::1/65}"), 0);
+    EXPECT_EQ(maapi_exists(s, th, "/config/interface/l3{5}/ipv4/address/secondary{10.0.3.1/24}"),
+              1);
+}
+
+TEST_F(MaapiRead, MalformedAndHostilePathsAreBadPaths) {
+    const std::string long_key(5000, '7');
+    const char* cases[] = {
+        "",
+        "config/interface",
+        "/config/interface/l3{5",
+        "/config/interface/l3{5}}",
+        "/config/interface/l3}5{",
+        "/config/interface/l3{}",
+        "/config/interface/l3{5 6}",
+        "/config/interface/nosuch",
+        "/nosuch:config/interface",
+        "/config//interface",
+        "/config/interface/l3/vrf",
+        "/config/interface{5}",
+        "/config/interface/l3{5}/ipv4/address/secondary{not-an-address}",
+        "/DC-RTM-MIB/rtmStaticRtTable/rtmStaticRtEntry{0 ipv9 0a 8 1 0a}",
+        "/DC-RTM-MIB/rtmStaticRtTable/rtmStaticRtEntry{x ipv4 0a 8 1 0a}",
+        "/DC-RTM-MIB/rtmStaticRtTable/rtmStaticRtEntry{0 ipv4 0a: 8 1 0a}",
+        "/internal/ospf-index-to-proc-id{99999999999}/proc_id",
+        "/config/interface/l3{\"5}/vrf",
+        "/config/interface/l3{5}/vrf/",
+    };
+    for (const char* path : cases) {
+        EXPECT_EQ(maapi_exists(s, th, "%s", path), CONFD_ERR) << path;
+        EXPECT_EQ(confd_errno, CONFD_ERR_BADPATH) << path;
+    }
+    EXPECT_EQ(maapi_exists(s, th, "/config/interface/l3{%s}", long_key.c_str()), 0);
+    EXPECT_EQ(maapi_exists(s, th, nullptr), CONFD_ERR);
+    EXPECT_EQ(maapi_exists(s, th, "/config/interface/l3{%x}", nullptr), CONFD_ERR);
+    EXPECT_EQ(maapi_exists(s, th, "/config/interface/l3{%n}", nullptr), CONFD_ERR);
+    EXPECT_EQ(maapi_exists(s, th, "/config/%s",
+                           "\x01"
+                           "0\x02"),
+              CONFD_ERR);
+}
+
+TEST_F(MaapiRead, QuotedKeysMayHoldBlanksAndBraces) {
+    ipapp_test::ConfdFixture quoted{"", R"(
+<config xmlns="urn:ipapp:yang:device-config"><interface>
+  <l3 xmlns="urn:ipapp:yang:ipapp"><name>a b{c}"d</name><vrf>v</vrf></l3>
+</interface></config>)"};
+    EXPECT_EQ(maapi_exists(quoted.maapi_socket(), quoted.thandle(),
+                           "/config/interface/l3{\"a b{c}\\\"d\"}/vrf"),
+              1);
+    const auto keys =
+        confd_test::cursor_keys(quoted.maapi_socket(), quoted.thandle(), "/config/interface/l3");
+    ASSERT_EQ(keys.size(), 1u);
+    EXPECT_EQ(keys[0], "a b{c}\"d");
+}
+
+TEST_F(MaapiRead, KeypathTemplatesResolveTagsByHash) {
+    const confdstore::Keypath kp = confd.datastore().keypath("/config/interface/l3{5}/ipv6/nd/ra");
+    u_int16_t value = 0;
+    EXPECT_EQ(maapi_get_u_int16_elem(s, th, &value, "%h/min-interval", &kp.get()), CONFD_OK)
+        << confd_lasterr();
+    EXPECT_EQ(value, 450);
+    EXPECT_EQ(maapi_exists(s, th, "%*h/vrf", 4, &kp.get()), 1);
+    EXPECT_EQ(maapi_exists(s, th, "/config%h", &kp.get()), CONFD_ERR);
+}
+
+}  // namespace

@@ -1,0 +1,182 @@
+/* Printing, copying, comparing and freeing values; the transaction error text. */
+#include <arpa/inet.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <functional>
+#include <thread>
+
+#include "test_util.h"
+
+namespace {
+
+using confd_test::pp;
+
+confd_value_t make(const std::function<void(confd_value_t*)>& set) {
+    confd_value_t v;
+    set(&v);
+    return v;
+}
+
+struct PrintCase {
+    const char* name;
+    confd_value_t value;
+    const char* text;
+};
+
+const unsigned char kOctets[] = {0x0a, 0x00, 0xff, 0x01};
+const unsigned char kText[] = {'w', 'w', 'w', 'x'};
+
+std::vector<PrintCase> print_cases() {
+    in_addr v4;
+    inet_pton(AF_INET, "10.1.2.3", &v4);
+    in6_addr v6;
+    inet_pton(AF_INET6, "2001:db8::1", &v6);
+    confd_ipv4_prefix p4{v4, 24};
+    confd_ipv6_prefix p6{v6, 64};
+    confd_decimal64 d64{-12345, 2};
+    confd_decimal64 bad64{7, 0};
+    return {
+        {"buffer uses its size", make([](auto v) { CONFD_SET_BUF(v, kText, 3); }), "www"},
+        {"string", make([](auto v) { CONFD_SET_STR(v, "abc"); }), "abc"},
+        {"int8", make([](auto v) { CONFD_SET_INT8(v, -128); }), "-128"},
+        {"int32", make([](auto v) { CONFD_SET_INT32(v, -2147483647 - 1); }), "-2147483648"},
+        {"uint32", make([](auto v) { CONFD_SET_UINT32(v, 4294967295u); }), "4294967295"},
+        {"uint64", make([](auto v) { CONFD_SET_UINT64(v, 18446744073709551615ull); }),
+         "18446744073709551615"},
+        {"enum without schema", make([](auto v) { CONFD_SET_ENUM_VALUE(v, 16); }), "enum<16>"},
+        {"bool", make([](auto v) { CONFD_SET_BOOL(v, 1); }), "true"},
+        {"ipv4", make([&](auto v) { CONFD_SET_IPV4(v, v4); }), "10.1.2.3"},
+        {"ipv6", make([&](auto v) { CONFD_SET_IPV6(v, v6); }), "2001:db8::1"},
+        {"ipv4 and length keeps host bits", make([&](auto v) { CONFD_SET_IPV4_AND_PLEN(v, p4); }),
+         "10.1.2.3/24"},
+        {"ipv6 and length", make([&](auto v) { CONFD_SET_IPV6_AND_PLEN(v, p6); }),
+         "2001:db8::1/64"},
+        {"binary as hex octets", make([](auto v) { CONFD_SET_BINARY(v, kOctets, 4); }),
+         "0a:00:ff:01"},
+        {"empty binary", make([](auto v) { CONFD_SET_BINARY(v, kOctets, 0); }), ""},
+        {"decimal64", make([&](auto v) { CONFD_SET_DECIMAL64(v, d64); }), "-123.45"},
+        {"decimal64 without digits", make([&](auto v) { CONFD_SET_DECIMAL64(v, bad64); }),
+         "invalid64<7>"},
+        {"unknown tag", make([](auto v) { CONFD_SET_XMLTAG(v, 12345, 1); }), "tag<12345>"},
+        {"no value", make([](auto v) { CONFD_SET_NOEXISTS(v); }), ""},
+    };
+}
+
+TEST(PrettyPrint, EveryTypeTheProjectUses) {
+    for (const PrintCase& c : print_cases()) {
+        EXPECT_EQ(pp(c.value), c.text) << c.name;
+    }
+}
+
+TEST(PrettyPrint, WorksLikeSnprintf) {
+    confd_value_t v;
+    CONFD_SET_STR(&v, "abcdef");
+    struct Case {
+        int bufsiz;
+        const char* written;
+    } cases[] = {{0, "untouched"}, {1, ""},       {4, "abc"},
+                 {6, "abcde"},     {7, "abcdef"}, {64, "abcdef"}};
+    for (const Case& c : cases) {
+        char buf[64] = "untouched";
+        EXPECT_EQ(confd_pp_value(buf, c.bufsiz, &v), 6) << c.bufsiz;
+        EXPECT_STREQ(buf, c.written) << c.bufsiz;
+    }
+    EXPECT_EQ(confd_pp_value(nullptr, 0, &v), 6);
+    EXPECT_EQ(confd_pp_value(nullptr, 0, nullptr), 0);
+}
+
+confd_hkeypath_t servers_keypath() {
+    static const unsigned char www[] = "www";
+    static const unsigned char spaced[] = "a b";
+    confd_hkeypath_t kp{};
+    kp.len = 4;
+    CONFD_SET_XMLTAG(&kp.v[3][0], 1, 0);
+    CONFD_SET_XMLTAG(&kp.v[2][0], 2, 0);
+    CONFD_SET_BUF(&kp.v[1][0], www, 3);
+    CONFD_SET_BUF(&kp.v[1][1], spaced, 3);
+    CONFD_SET_INT32(&kp.v[1][2], 7);
+    CONFD_SET_NOEXISTS(&kp.v[1][3]);
+    CONFD_SET_XMLTAG(&kp.v[0][0], 3, 0);
+    return kp;
+}
+
+TEST(PrettyPrint, KeypathsFromTheRootWithQuotedKeys) {
+    const confd_hkeypath_t kp = servers_keypath();
+    EXPECT_EQ(pp(kp), "/tag<1>/tag<2>{www \"a b\" 7}/tag<3>");
+    char buf[8];
+    EXPECT_EQ(confd_pp_kpath_len(buf, sizeof buf, &kp, 2),
+              static_cast<int>(strlen("/tag<1>/tag<2>")));
+    EXPECT_STREQ(buf, "/tag<1>");
+    EXPECT_EQ(confd_pp_kpath(buf, sizeof buf, nullptr), 0);
+}
+
+TEST(ValueCopies, DeepCopyEqualsAndOwnsItsBuffer) {
+    char text[] = "vrf-red";
+    confd_value_t original;
+    CONFD_SET_BUF(&original, reinterpret_cast<unsigned char*>(text), 7);
+    confd_value_t copy;
+    ASSERT_EQ(confd_value_dup_to(&original, &copy), &copy);
+    EXPECT_GT(confd_val_eq(&original, &copy), 0);
+    EXPECT_NE(copy.val.buf.ptr, original.val.buf.ptr);
+    text[0] = 'V';
+    EXPECT_EQ(confd_val_eq(&original, &copy), 0);
+    EXPECT_EQ(pp(copy), "vrf-red");
+    confd_free_value(&copy);
+    confd_free_value(&copy);  // a freed value holds nothing
+    EXPECT_EQ(copy.type, C_NOEXISTS);
+}
+
+TEST(ValueCopies, EqualityNeedsTypeAndPayload) {
+    in_addr a;
+    inet_pton(AF_INET, "10.0.0.1", &a);
+    confd_ipv4_prefix p24{a, 24};
+    confd_ipv4_prefix p16{a, 16};
+    struct Case {
+        confd_value_t x, y;
+        bool equal;
+    } cases[] = {
+        {make([](auto v) { CONFD_SET_INT32(v, 5); }), make([](auto v) { CONFD_SET_INT32(v, 5); }),
+         true},
+        {make([](auto v) { CONFD_SET_INT32(v, 5); }), make([](auto v) { CONFD_SET_UINT32(v, 5); }),
+         false},
+        {make([&](auto v) { CONFD_SET_IPV4_AND_PLEN(v, p24); }),
+         make([&](auto v) { CONFD_SET_IPV4_AND_PLEN(v, p16); }), false},
+        {make([](auto v) { CONFD_SET_BINARY(v, kOctets, 4); }),
+         make([](auto v) { CONFD_SET_BINARY(v, kOctets, 3); }), false},
+        {make([](auto v) { CONFD_SET_STR(v, "a"); }), make([](auto v) { CONFD_SET_STR(v, "a"); }),
+         true},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(confd_val_eq(&c.x, &c.y) > 0, c.equal) << pp(c.x) << " vs " << pp(c.y);
+    }
+    EXPECT_EQ(confd_val_eq(nullptr, &cases[0].y), 0);
+}
+
+TEST(TransactionError, FormattedTextIsReplacedAndReleased) {
+    confd_trans_ctx tctx{};
+    confd_trans_seterr(&tctx, "vlan %d cannot be changed", 100);
+    EXPECT_STREQ(tctx.error.str, "vlan 100 cannot be changed");
+    confd_trans_seterr(&tctx, "%s", "100% sure");
+    EXPECT_STREQ(tctx.error.str, "100% sure");
+    confd_trans_seterr_extended(&tctx, CONFD_ERRCODE_INCONSISTENT_VALUE, 3, 4, "x%c", 'y');
+    EXPECT_STREQ(tctx.error.str, "xy");
+    EXPECT_EQ(tctx.error.code, CONFD_ERRCODE_INCONSISTENT_VALUE);
+    EXPECT_EQ(tctx.error.apptag.tag, 4u);
+    confd_trans_clear_err(&tctx);
+    EXPECT_EQ(tctx.error.str, nullptr);
+    confd_trans_seterr(nullptr, "ignored");
+}
+
+TEST(ErrorState, IsPerThreadAndNamed) {
+    confd_errno = CONFD_ERR_BADPATH;
+    EXPECT_STREQ(confd_strerror(CONFD_ERR_BADPATH), "bad path");
+    EXPECT_STREQ(confd_strerror(9999), "unknown error");
+    int other = -1;
+    std::thread([&] { other = confd_errno; }).join();
+    EXPECT_EQ(other, 0);
+    EXPECT_EQ(confd_errno, CONFD_ERR_BADPATH);
+}
+
+}  // namespace

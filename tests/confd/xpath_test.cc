@@ -1,0 +1,77 @@
+/* maapi_xpath_eval_expr: results as strings, context paths, errors. */
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include "project_data.h"
+#include "test_util.h"
+
+namespace {
+
+class XPath : public ::testing::Test {
+  protected:
+    // The result text, or "ERR<errno>".
+    std::string eval(const char* expr, const char* context) {
+        char* result = reinterpret_cast<char*>(1);
+        const int rc = context != nullptr
+                           ? maapi_xpath_eval_expr(confd.maapi_socket(), confd.thandle(), expr,
+                                                   &result, nullptr, "%s", context)
+                           : maapi_xpath_eval_expr(confd.maapi_socket(), confd.thandle(), expr,
+                                                   &result, nullptr, nullptr);
+        if (rc != CONFD_OK) {
+            EXPECT_EQ(result, nullptr);
+            return "ERR" + std::to_string(confd_errno);
+        }
+        std::string text = result;
+        std::free(result);
+        return text;
+    }
+
+    ipapp_test::ConfdFixture confd{"", confd_test::kCandidate};
+};
+
+TEST_F(XPath, NodeSetsGiveTheFirstNodesStringValue) {
+    struct Case {
+        const char* expr;
+        const char* context;
+        const char* result;
+    } cases[] = {
+        {"ospfv3-interface-l3[ospfv3-pm-if-name='l3-5']/ospfv3-pm-if-name", "/internal", "l3-5"},
+        {"ospfv3-interface-l3[ospfv3-pm-if-name='l3-6']/ospfv3-pm-if-name", "/internal", ""},
+        {"ospfv3-interface-l3[ospfv3-pm-if-name='loopback-5']/ospfv3-pm-if-name",
+         "/metacli-internal:internal", ""},
+        {"vrf", "/config/interface/l3{5}", "red"},
+        {"../l3[name='5']/vrf", "/config/interface/l3{10}", "red"},
+        {"/device-config:config/interface/ipapp:l3/name", nullptr, "5"},
+        {"ipv6/nd/ra", "/config/interface/l3{5}", "600450"},
+        {"nosuch-node", "/internal", ""},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(eval(c.expr, c.context), c.result) << c.expr;
+    }
+}
+
+TEST_F(XPath, FailuresLeaveNoResult) {
+    const std::string xpath_error = "ERR" + std::to_string(CONFD_ERR_XPATH);
+    EXPECT_EQ(eval("ospfv3-interface-l3[", "/internal"), xpath_error);
+    EXPECT_EQ(eval("/nosuch:node", "/internal"), xpath_error);
+    EXPECT_EQ(eval("count(ospfv3-interface-l3) = 1", "/internal"), xpath_error);
+    EXPECT_EQ(eval("vrf", "/config/interface/l3{77}"), "ERR" + std::to_string(CONFD_ERR_NOEXISTS));
+    EXPECT_EQ(eval("vrf", "/config/interface/nosuch"), "ERR" + std::to_string(CONFD_ERR_BADPATH));
+    EXPECT_EQ(maapi_xpath_eval_expr(confd.maapi_socket(), confd.thandle(), "vrf", nullptr, nullptr,
+                                    "/internal"),
+              CONFD_ERR);
+}
+
+TEST_F(XPath, TraceSeesTheResult) {
+    static std::string traced;
+    char* result = nullptr;
+    ASSERT_EQ(maapi_xpath_eval_expr(
+                  confd.maapi_socket(), confd.thandle(), "vrf", &result,
+                  [](char* line) { traced = line; }, "/config/interface/l3{5}"),
+              CONFD_OK);
+    std::free(result);
+    EXPECT_NE(traced.find("\"red\""), std::string::npos) << traced;
+}
+
+}  // namespace
