@@ -56,6 +56,30 @@ Session* session_of(AgentState& agent, int sock, SocketKind kind) {
     return &found->second;
 }
 
+// Runs action(agent, session) under the lock when sock is connected as kind.
+template <typename Action>
+int with_session(int sock, SocketKind kind, Action action) {
+    AgentState& agent = state();
+    std::lock_guard<std::mutex> lock(agent.mutex);
+    Session* session = session_of(agent, sock, kind);
+    return session != nullptr ? action(agent, *session) : CONFD_ERR;
+}
+
+// The transaction thandle of the session's datastore; nullptr (and the error
+// set) when there is none.
+Transaction* transaction_of(AgentState& agent, const Session& session, int thandle) {
+    auto found = agent.transactions.find(thandle);
+    if (found == agent.transactions.end()) {
+        failf(CONFD_ERR_NOEXISTS, "no transaction %d", thandle);
+        return nullptr;
+    }
+    if (found->second.store != session.store) {
+        failf(CONFD_ERR_BADSTATE, "transaction %d belongs to another datastore", thandle);
+        return nullptr;
+    }
+    return &found->second;
+}
+
 void finish_owned(AgentState& agent, int sock) {
     for (auto it = agent.transactions.begin(); it != agent.transactions.end();) {
         it = it->second.owner == sock ? agent.transactions.erase(it) : std::next(it);
@@ -131,144 +155,104 @@ int connect_socket(int sock, SocketKind kind, const struct sockaddr* address, in
 }
 
 int close_socket(int sock, SocketKind kind) {
-    AgentState& agent = state();
-    std::lock_guard<std::mutex> lock(agent.mutex);
-    if (session_of(agent, sock, kind) == nullptr) {
-        return CONFD_ERR;
-    }
-    finish_owned(agent, sock);
-    agent.sessions.erase(sock);
-    ::close(sock);
-    return CONFD_OK;
+    return with_session(sock, kind, [&](AgentState& agent, Session&) {
+        finish_owned(agent, sock);
+        agent.sessions.erase(sock);
+        ::close(sock);
+        return CONFD_OK;
+    });
 }
 
 int start_transaction(int sock, enum confd_dbname db) {
-    AgentState& agent = state();
-    std::lock_guard<std::mutex> lock(agent.mutex);
-    Session* session = session_of(agent, sock, SocketKind::maapi);
-    if (session == nullptr) {
-        return CONFD_ERR;
-    }
-    if (db != CONFD_CANDIDATE && db != CONFD_RUNNING) {
-        return failf(CONFD_ERR_NOEXISTS, "start_trans: database %d is not available", db);
-    }
-    TransactionView view{
-        db == CONFD_CANDIDATE ? session->store->candidate() : session->store->running(),
-        session->store->running()};
-    const int thandle = agent.next_thandle++;
-    agent.transactions[thandle] = Transaction{sock, session->store, std::move(view)};
-    return thandle;
+    return with_session(sock, SocketKind::maapi, [&](AgentState& agent, Session& session) {
+        if (db != CONFD_CANDIDATE && db != CONFD_RUNNING) {
+            return failf(CONFD_ERR_NOEXISTS, "start_trans: database %d is not available", db);
+        }
+        TransactionView view{
+            db == CONFD_CANDIDATE ? session.store->candidate() : session.store->running(),
+            session.store->running()};
+        const int thandle = agent.next_thandle++;
+        agent.transactions[thandle] = Transaction{sock, session.store, std::move(view)};
+        return thandle;
+    });
 }
 
 int finish_transaction(int sock, int thandle) {
-    AgentState& agent = state();
-    std::lock_guard<std::mutex> lock(agent.mutex);
-    Session* session = session_of(agent, sock, SocketKind::maapi);
-    if (session == nullptr) {
-        return CONFD_ERR;
-    }
-    auto found = agent.transactions.find(thandle);
-    if (found == agent.transactions.end() || found->second.store != session->store) {
-        return failf(CONFD_ERR_NOEXISTS, "no transaction %d", thandle);
-    }
-    agent.transactions.erase(found);
-    return CONFD_OK;
+    return with_session(sock, SocketKind::maapi, [&](AgentState& agent, Session& session) {
+        Transaction* found = transaction_of(agent, session, thandle);
+        if (found == nullptr) {
+            return CONFD_ERR;
+        }
+        agent.transactions.erase(thandle);
+        return CONFD_OK;
+    });
 }
 
 int attach(int sock, int thandle) {
-    AgentState& agent = state();
-    std::lock_guard<std::mutex> lock(agent.mutex);
-    Session* session = session_of(agent, sock, SocketKind::maapi);
-    if (session == nullptr) {
-        return CONFD_ERR;
-    }
-    auto found = agent.transactions.find(thandle);
-    if (found == agent.transactions.end()) {
-        return failf(CONFD_ERR_NOEXISTS, "attach: no transaction %d", thandle);
-    }
-    if (found->second.store != session->store) {
-        return failf(CONFD_ERR_BADSTATE, "attach: transaction %d belongs to another datastore",
-                     thandle);
-    }
-    session->attached.insert(thandle);
-    return CONFD_OK;
+    return with_session(sock, SocketKind::maapi, [&](AgentState& agent, Session& session) {
+        if (transaction_of(agent, session, thandle) == nullptr) {
+            return CONFD_ERR;
+        }
+        session.attached.insert(thandle);
+        return CONFD_OK;
+    });
 }
 
 int detach(int sock, int thandle) {
-    AgentState& agent = state();
-    std::lock_guard<std::mutex> lock(agent.mutex);
-    Session* session = session_of(agent, sock, SocketKind::maapi);
-    if (session == nullptr) {
-        return CONFD_ERR;
-    }
-    if (session->attached.erase(thandle) == 0) {
-        return failf(CONFD_ERR_NOEXISTS, "detach: transaction %d is not attached", thandle);
-    }
-    return CONFD_OK;
+    return with_session(sock, SocketKind::maapi, [&](AgentState&, Session& session) {
+        if (session.attached.erase(thandle) == 0) {
+            return failf(CONFD_ERR_NOEXISTS, "detach: transaction %d is not attached", thandle);
+        }
+        return CONFD_OK;
+    });
 }
 
 int transaction(int sock, int thandle, TransactionView& view) {
-    AgentState& agent = state();
-    std::lock_guard<std::mutex> lock(agent.mutex);
-    Session* session = session_of(agent, sock, SocketKind::maapi);
-    if (session == nullptr) {
-        return CONFD_ERR;
-    }
-    auto found = agent.transactions.find(thandle);
-    if (found == agent.transactions.end()) {
-        return failf(CONFD_ERR_NOEXISTS, "no transaction %d", thandle);
-    }
-    if (found->second.owner != sock && session->attached.count(thandle) == 0) {
-        return failf(CONFD_ERR_BADSTATE, "transaction %d is not attached to socket %d", thandle,
-                     sock);
-    }
-    view = found->second.view;
-    return CONFD_OK;
+    return with_session(sock, SocketKind::maapi, [&](AgentState& agent, Session& session) {
+        Transaction* found = transaction_of(agent, session, thandle);
+        if (found == nullptr) {
+            return CONFD_ERR;
+        }
+        if (found->owner != sock && session.attached.count(thandle) == 0) {
+            return failf(CONFD_ERR_BADSTATE, "transaction %d is not attached to socket %d", thandle,
+                         sock);
+        }
+        view = found->view;
+        return CONFD_OK;
+    });
 }
 
 int start_cdb_session(int sock, enum cdb_db_type db) {
-    AgentState& agent = state();
-    std::lock_guard<std::mutex> lock(agent.mutex);
-    Session* session = session_of(agent, sock, SocketKind::cdb);
-    if (session == nullptr) {
-        return CONFD_ERR;
-    }
-    if (session->cdb) {
-        return fail(CONFD_ERR_BADSTATE, "cdb_start_session: a session is started already");
-    }
-    if (db != CDB_RUNNING && db != CDB_PRE_COMMIT_RUNNING) {
-        return failf(CONFD_ERR_NOEXISTS, "cdb_start_session: database %d is not available", db);
-    }
-    session->cdb = session->store->running();
-    return CONFD_OK;
+    return with_session(sock, SocketKind::cdb, [&](AgentState&, Session& session) {
+        if (session.cdb) {
+            return fail(CONFD_ERR_BADSTATE, "cdb_start_session: a session is started already");
+        }
+        if (db != CDB_RUNNING && db != CDB_PRE_COMMIT_RUNNING) {
+            return failf(CONFD_ERR_NOEXISTS, "cdb_start_session: database %d is not available", db);
+        }
+        session.cdb = session.store->running();
+        return CONFD_OK;
+    });
 }
 
 int end_cdb_session(int sock) {
-    AgentState& agent = state();
-    std::lock_guard<std::mutex> lock(agent.mutex);
-    Session* session = session_of(agent, sock, SocketKind::cdb);
-    if (session == nullptr) {
-        return CONFD_ERR;
-    }
-    if (!session->cdb) {
-        return fail(CONFD_ERR_NOSESSION, "cdb_end_session: no session is started");
-    }
-    session->cdb.reset();
-    return CONFD_OK;
+    return with_session(sock, SocketKind::cdb, [&](AgentState&, Session& session) {
+        if (!session.cdb) {
+            return fail(CONFD_ERR_NOSESSION, "cdb_end_session: no session is started");
+        }
+        session.cdb.reset();
+        return CONFD_OK;
+    });
 }
 
 int cdb_tree(int sock, std::shared_ptr<const Tree>& tree) {
-    AgentState& agent = state();
-    std::lock_guard<std::mutex> lock(agent.mutex);
-    Session* session = session_of(agent, sock, SocketKind::cdb);
-    if (session == nullptr) {
-        return CONFD_ERR;
-    }
-    if (!session->cdb) {
-        return fail(CONFD_ERR_NOSESSION, "no CDB session is started on this socket");
-    }
-    tree = session->cdb;
-    return CONFD_OK;
+    return with_session(sock, SocketKind::cdb, [&](AgentState&, Session& session) {
+        if (!session.cdb) {
+            return fail(CONFD_ERR_NOSESSION, "no CDB session is started on this socket");
+        }
+        tree = session.cdb;
+        return CONFD_OK;
+    });
 }
 
 }  // namespace confd::detail

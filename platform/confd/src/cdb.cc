@@ -6,13 +6,15 @@
 #include "error_state.h"
 #include "reads.h"
 
+using confd::detail::on_tree;
 using confd::detail::SocketKind;
+using confd::detail::Tree;
 
 namespace {
 
 // The tree of the socket's session, or nullptr with the error set.
-std::shared_ptr<const confd::detail::Tree> session_tree(int sock) {
-    std::shared_ptr<const confd::detail::Tree> tree;
+std::shared_ptr<const Tree> session_tree(int sock) {
+    std::shared_ptr<const Tree> tree;
     confd::detail::cdb_tree(sock, tree);
     return tree;
 }
@@ -42,63 +44,53 @@ int cdb_end_session(int sock) {
 }
 
 int cdb_exists(int sock, const char* fmt, ...) {
-    auto tree = session_tree(sock);
-    if (!tree) {
-        return CONFD_ERR;
-    }
     va_list args;
     va_start(args, fmt);
-    const int result = confd::detail::read_exists("cdb_exists", *tree, fmt, args);
+    const int result = on_tree(session_tree(sock), [&](const Tree& tree) {
+        return confd::detail::read_exists("cdb_exists", tree, fmt, args);
+    });
     va_end(args);
     return result;
 }
 
 int cdb_num_instances(int sock, const char* fmt, ...) {
-    auto tree = session_tree(sock);
-    if (!tree) {
-        return CONFD_ERR;
-    }
     va_list args;
     va_start(args, fmt);
-    const int result = confd::detail::read_num_instances("cdb_num_instances", *tree, fmt, args);
+    const int result = on_tree(session_tree(sock), [&](const Tree& tree) {
+        return confd::detail::read_num_instances("cdb_num_instances", tree, fmt, args);
+    });
     va_end(args);
     return result;
 }
 
 int cdb_get(int sock, confd_value_t* v, const char* fmt, ...) {
-    auto tree = session_tree(sock);
-    if (!tree) {
-        return CONFD_ERR;
-    }
     va_list args;
     va_start(args, fmt);
-    const int result = confd::detail::read_copy("cdb_get", *tree, v, fmt, args);
+    const int result = on_tree(session_tree(sock), [&](const Tree& tree) {
+        return confd::detail::read_copy("cdb_get", tree, v, fmt, args);
+    });
     va_end(args);
     return result;
 }
 
 int cdb_get_int32(int sock, int32_t* rval, const char* fmt, ...) {
-    auto tree = session_tree(sock);
-    if (!tree) {
-        return CONFD_ERR;
-    }
     va_list args;
     va_start(args, fmt);
-    const int result = confd::detail::read_typed("cdb_get_int32", *tree, C_INT32,
-                                                 confd::detail::int32_of, rval, fmt, args);
+    const int result = on_tree(session_tree(sock), [&](const Tree& tree) {
+        return confd::detail::read_typed("cdb_get_int32", tree, C_INT32, confd::detail::int32_of,
+                                         rval, fmt, args);
+    });
     va_end(args);
     return result;
 }
 
 int cdb_get_u_int32(int sock, u_int32_t* rval, const char* fmt, ...) {
-    auto tree = session_tree(sock);
-    if (!tree) {
-        return CONFD_ERR;
-    }
     va_list args;
     va_start(args, fmt);
-    const int result = confd::detail::read_typed("cdb_get_u_int32", *tree, C_UINT32,
-                                                 confd::detail::uint32_of, rval, fmt, args);
+    const int result = on_tree(session_tree(sock), [&](const Tree& tree) {
+        return confd::detail::read_typed("cdb_get_u_int32", tree, C_UINT32,
+                                         confd::detail::uint32_of, rval, fmt, args);
+    });
     va_end(args);
     return result;
 }

@@ -7,10 +7,13 @@
 #include "error_state.h"
 #include "reads.h"
 
+using confd::detail::on_tree;
+using confd::detail::Tree;
+
 namespace {
 
 // The tree the transaction reads, or nullptr with the error set.
-std::shared_ptr<const confd::detail::Tree> transaction_tree(int sock, int thandle) {
+std::shared_ptr<const Tree> transaction_tree(int sock, int thandle) {
     confd::detail::TransactionView view;
     if (confd::detail::transaction(sock, thandle, view) != CONFD_OK) {
         return nullptr;
@@ -21,52 +24,44 @@ std::shared_ptr<const confd::detail::Tree> transaction_tree(int sock, int thandl
 }  // namespace
 
 // The typed getters differ only in their name, type and payload.
-#define CONFD_MAAPI_TYPED_GETTER(name, T, type, extract)                                         \
-    int name(int sock, int thandle, T* rval, const char* fmt, ...) {                             \
-        auto tree = transaction_tree(sock, thandle);                                             \
-        if (!tree) {                                                                             \
-            return CONFD_ERR;                                                                    \
-        }                                                                                        \
-        va_list args;                                                                            \
-        va_start(args, fmt);                                                                     \
-        const int result = confd::detail::read_typed(#name, *tree, type, confd::detail::extract, \
-                                                     rval, fmt, args);                           \
-        va_end(args);                                                                            \
-        return result;                                                                           \
+#define CONFD_MAAPI_TYPED_GETTER(name, T, type, extract)                                           \
+    int name(int sock, int thandle, T* rval, const char* fmt, ...) {                               \
+        va_list args;                                                                              \
+        va_start(args, fmt);                                                                       \
+        const int result = on_tree(transaction_tree(sock, thandle), [&](const Tree& tree) {        \
+            return confd::detail::read_typed(#name, tree, type, confd::detail::extract, rval, fmt, \
+                                             args);                                                \
+        });                                                                                        \
+        va_end(args);                                                                              \
+        return result;                                                                             \
     }
 
 extern "C" {
 
 int maapi_exists(int sock, int thandle, const char* fmt, ...) {
-    auto tree = transaction_tree(sock, thandle);
-    if (!tree) {
-        return CONFD_ERR;
-    }
     va_list args;
     va_start(args, fmt);
-    const int result = confd::detail::read_exists("maapi_exists", *tree, fmt, args);
+    const int result = on_tree(transaction_tree(sock, thandle), [&](const Tree& tree) {
+        return confd::detail::read_exists("maapi_exists", tree, fmt, args);
+    });
     va_end(args);
     return result;
 }
 
 int maapi_num_instances(int sock, int thandle, const char* fmt, ...) {
-    auto tree = transaction_tree(sock, thandle);
-    if (!tree) {
-        return CONFD_ERR;
-    }
     va_list args;
     va_start(args, fmt);
-    const int result = confd::detail::read_num_instances("maapi_num_instances", *tree, fmt, args);
+    const int result = on_tree(transaction_tree(sock, thandle), [&](const Tree& tree) {
+        return confd::detail::read_num_instances("maapi_num_instances", tree, fmt, args);
+    });
     va_end(args);
     return result;
 }
 
 int maapi_vget_elem(int sock, int thandle, confd_value_t* v, const char* fmt, va_list args) {
-    auto tree = transaction_tree(sock, thandle);
-    if (!tree) {
-        return CONFD_ERR;
-    }
-    return confd::detail::read_copy("maapi_get_elem", *tree, v, fmt, args);
+    return on_tree(transaction_tree(sock, thandle), [&](const Tree& tree) {
+        return confd::detail::read_copy("maapi_get_elem", tree, v, fmt, args);
+    });
 }
 
 int maapi_get_elem(int sock, int thandle, confd_value_t* v, const char* fmt, ...) {
@@ -93,14 +88,12 @@ int maapi_get_str_elem(int sock, int thandle, char* buf, int n, const char* fmt,
     if (buf == nullptr || n <= 0) {
         return confd::detail::fail(CONFD_ERR_PROTOUSAGE, "get_str_elem: no buffer");
     }
-    auto tree = transaction_tree(sock, thandle);
-    if (!tree) {
-        return CONFD_ERR;
-    }
     confd::detail::TypedValue value;
     va_list args;
     va_start(args, fmt);
-    const int read = confd::detail::read_elem("maapi_get_str_elem", *tree, value, fmt, args);
+    const int read = on_tree(transaction_tree(sock, thandle), [&](const Tree& tree) {
+        return confd::detail::read_elem("maapi_get_str_elem", tree, value, fmt, args);
+    });
     va_end(args);
     if (read != CONFD_OK) {
         return CONFD_ERR;

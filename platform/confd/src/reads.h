@@ -7,6 +7,7 @@
 #define CONFD_SRC_READS_H
 
 #include <cstdarg>
+#include <memory>
 
 #include "data_tree.h"
 #include "error_state.h"
@@ -45,6 +46,12 @@ int read_typed(const char* call, const Tree& tree, confd_vtype type,
     }
     *out = extract(value.view());
     return CONFD_OK;
+}
+
+// read(*tree), or CONFD_ERR when there is no tree (its error is set already).
+template <typename Read>
+int on_tree(const std::shared_ptr<const Tree>& tree, Read read) {
+    return tree ? read(*tree) : CONFD_ERR;
 }
 
 // Payload accessors for read_typed.

@@ -7,8 +7,15 @@
 
 namespace {
 
-// Replaces the transaction's error text with the formatted one.
-void set_error_text(confd_trans_ctx* tctx, const char* fmt, va_list args) {
+// Replaces the transaction's error text with the formatted one and sets the
+// error's code and application tag.
+void set_error(confd_trans_ctx* tctx, enum confd_errcode code, const xml_tag& apptag,
+               const char* fmt, va_list args) {
+    if (tctx == nullptr || fmt == nullptr) {
+        return;
+    }
+    tctx->error.code = code;
+    tctx->error.apptag = apptag;
     va_list measure;
     va_copy(measure, args);
     const int length = std::vsnprintf(nullptr, 0, fmt, measure);
@@ -30,28 +37,18 @@ void set_error_text(confd_trans_ctx* tctx, const char* fmt, va_list args) {
 extern "C" {
 
 void confd_trans_seterr(confd_trans_ctx* tctx, const char* fmt, ...) {
-    if (tctx == nullptr || fmt == nullptr) {
-        return;
-    }
     va_list args;
     va_start(args, fmt);
-    set_error_text(tctx, fmt, args);
+    set_error(tctx, CONFD_ERRCODE_APPLICATION, xml_tag{0, 0}, fmt, args);
     va_end(args);
-    tctx->error.code = CONFD_ERRCODE_APPLICATION;
 }
 
 void confd_trans_seterr_extended(confd_trans_ctx* tctx, enum confd_errcode code,
                                  u_int32_t apptag_ns, u_int32_t apptag_tag, const char* fmt, ...) {
-    if (tctx == nullptr || fmt == nullptr) {
-        return;
-    }
     va_list args;
     va_start(args, fmt);
-    set_error_text(tctx, fmt, args);
+    set_error(tctx, code, xml_tag{apptag_tag, apptag_ns}, fmt, args);
     va_end(args);
-    tctx->error.code = code;
-    tctx->error.apptag.ns = apptag_ns;
-    tctx->error.apptag.tag = apptag_tag;
 }
 
 void confd_trans_clear_err(confd_trans_ctx* tctx) {
