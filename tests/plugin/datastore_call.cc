@@ -1,0 +1,91 @@
+#include "datastore_call.h"
+
+#include <gtest/gtest.h>
+#include <velconfd_host.h>
+
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+
+namespace plugin_test {
+
+namespace {
+
+const sockaddr_in& AgentAddress(const ipapp_test::ConfdFixture& confd) {
+    return *reinterpret_cast<const sockaddr_in*>(confd.address());
+}
+
+// The tag of a node name of the loaded schema.
+void SetTag(confd_value_t* value, const char* name) {
+    CONFD_SET_XMLTAG(value, confd_str2hash(name), 0);
+}
+
+// /config/interface/l3{name}/lower-layer-if; the key points into name.
+confd_hkeypath_t LowerLayerKeypath(const std::string& name) {
+    confd_hkeypath_t keypath{};
+    keypath.len = 5;
+    SetTag(&keypath.v[0][0], "lower-layer-if");
+    CONFD_SET_CBUF(&keypath.v[1][0], name.data(), name.size());
+    CONFD_SET_NOEXISTS(&keypath.v[1][1]);
+    SetTag(&keypath.v[2][0], "l3");
+    SetTag(&keypath.v[3][0], "interface");
+    SetTag(&keypath.v[4][0], "config");
+    return keypath;
+}
+
+}  // namespace
+
+confd_hkeypath_t ListKeypath(u_int32_t list_tag) {
+    confd_hkeypath_t keypath{};
+    keypath.len = 3;
+    CONFD_SET_XMLTAG(&keypath.v[0][0], list_tag, 0);
+    SetTag(&keypath.v[1][0], "interface");
+    SetTag(&keypath.v[2][0], "config");
+    return keypath;
+}
+
+confdstore::Schema SchemaOf(const std::string& module_name, const std::string& yang) {
+    static int schemas = 0;
+    const std::filesystem::path directory =
+        std::filesystem::path(testing::TempDir()) / ("schema-" + std::to_string(++schemas));
+    std::filesystem::remove_all(directory);
+    std::filesystem::create_directories(directory);
+    for (const char* types_module : {"ipapp-extensions.yang", "ipapp-types.yang"}) {
+        std::filesystem::copy_file(std::filesystem::path(ipapp_test::yang_dir()) / types_module,
+                                   directory / types_module);
+    }
+    std::ofstream(directory / (module_name + ".yang")) << yang;
+    confdstore::Schema schema = confdstore::Schema::load(directory.string());
+    std::filesystem::remove_all(directory);
+    return schema;
+}
+
+DatastoreCall::DatastoreCall(const std::string& running_xml, const std::string& candidate_xml)
+    : DatastoreCall(ipapp_test::project_schema(), running_xml, candidate_xml) {}
+
+DatastoreCall::DatastoreCall(const confdstore::Schema& schema, const std::string& running_xml,
+                             const std::string& candidate_xml)
+    : confd_(schema, running_xml, candidate_xml),
+      instance_(AgentAddress(confd_)),
+      host_(velconfd_create(&instance_, confd_.maapi_socket())) {
+    if (host_ == nullptr) {
+        throw std::runtime_error("velconfd_create: out of memory");
+    }
+    confd_.tctx()->t_opaque = host_;
+}
+
+DatastoreCall::~DatastoreCall() {
+    velconfd_destroy(host_);
+}
+
+int32_t DatastoreCall::Run(ValidationHandler* handler, confd_hkeypath_t keypath) {
+    confd_value_t newval = keypath.v[0][0];
+    config_.Bind(confd_.maapi_socket(), confd_.tctx());
+    return handler(confd_.maapi_socket(), confd_.tctx(), &keypath, &newval, config_);
+}
+
+int32_t DatastoreCall::RunOnLowerLayer(ValidationHandler* handler, const std::string& name) {
+    return Run(handler, LowerLayerKeypath(name));
+}
+
+}  // namespace plugin_test
