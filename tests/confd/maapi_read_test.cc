@@ -238,6 +238,8 @@ TEST_F(MaapiRead, MalformedAndHostilePathsAreBadPaths) {
                            "\x01"
                            "0\x02"),
               CONFD_ERR);
+    EXPECT_EQ(maapi_exists(s, th, "/config/interface/l3{%999999999d}", 5), CONFD_ERR);
+    EXPECT_EQ(confd_errno, CONFD_ERR_BADPATH);
 }
 
 TEST_F(MaapiRead, QuotedKeysMayHoldBlanksAndBraces) {

@@ -9,6 +9,9 @@
 namespace confd::detail {
 namespace {
 
+// Longer expansions are refused rather than allocated ("%999999999d").
+constexpr size_t kMaxPathLength = size_t{1} << 20;
+
 bool is_marker_char(char c) {
     return c >= kValueOpen && c <= kTagClose;
 }
@@ -50,6 +53,7 @@ class Expander {
 
     va_list args_;
     FormattedPath& out_;
+    bool too_long_ = false;
 };
 
 bool Expander::run(const char* fmt, std::string& error) {
@@ -64,6 +68,10 @@ bool Expander::run(const char* fmt, std::string& error) {
         }
         ++p;
         if (!expand(p, error)) {
+            return false;
+        }
+        if (too_long_ || out_.text.size() > kMaxPathLength) {
+            error = "path too long";
             return false;
         }
     }
@@ -137,7 +145,8 @@ bool Expander::parse_conversion(const char*& p, Conversion& c, std::string& erro
 template <typename T>
 void Expander::print(const Conversion& conversion, T argument) {
     const int size = std::snprintf(nullptr, 0, conversion.spec.c_str(), argument);
-    if (size <= 0) {
+    if (size <= 0 || static_cast<size_t>(size) > kMaxPathLength) {
+        too_long_ = size > 0;
         return;
     }
     std::string text(static_cast<size_t>(size) + 1, '\0');
