@@ -182,43 +182,6 @@ TEST(ValidateIntfVrf, HelpersReadTheTransaction) {
         iterator.get_ipv4_addr_mask("/config/interface/l3{5}/ipv4/address/ip").IsUnspecified());
 }
 
-TEST(ValidateIntfVrfIterators, ChangesOtherThanSetValuesArePassedOver) {
-    confd_trans_ctx tctx{};
-    tctx.thandle = -1;
-    // Not a keypath any walk delivers: only a set value may look into it.
-    confd_hkeypath_t garbage{};
-    CONFD_SET_UINT32(&garbage.v[0][0], 1);
-    ValidateIntfL3Vrf l3(-1, &tctx, "/config/interface/l3");
-    ValidateIntfLoVrf lo(-1, &tctx, "/config/interface/loopback");
-    ValidateIntfVrfOspf ospf(-1, &tctx, "");
-    ValidateIntfVrfOspfv3 ospfv3(-1, &tctx, "");
-    for (confd_iter_op op :
-         {MOP_CREATED, MOP_DELETED, MOP_MODIFIED, MOP_MOVED_AFTER, MOP_ATTR_SET}) {
-        for (ValidateIntfVrf* iterator :
-             std::initializer_list<ValidateIntfVrf*>{&l3, &lo, &ospf, &ospfv3}) {
-            EXPECT_EQ(iterator->IterValidate(&garbage, op, nullptr, nullptr), ITER_RECURSE) << op;
-            EXPECT_EQ(iterator->message(), "") << op;
-        }
-    }
-    EXPECT_EQ(ospf.IterValidate(&garbage, MOP_VALUE_SET, nullptr, nullptr), ITER_RECURSE);
-}
-
-TEST(ValidateIntfVrfIterators, SetValuesOfOtherLeavesOrWithoutValueArePassedOver) {
-    confd_trans_ctx tctx{};
-    tctx.thandle = -1;
-    confd_hkeypath_t other_leaf{};
-    CONFD_SET_XMLTAG(&other_leaf.v[0][0], ipapp_l3, 0);
-    confd_hkeypath_t vrf_leaf{};
-    CONFD_SET_XMLTAG(&vrf_leaf.v[0][0], ipapp_vrf, 0);
-    confd_value_t red{};
-    CONFD_SET_CBUF(&red, "red", 3);
-    ValidateIntfL3Vrf l3(-1, &tctx, "/config/interface/l3");
-    EXPECT_EQ(l3.IterValidate(&other_leaf, MOP_VALUE_SET, nullptr, &red), ITER_RECURSE);
-    EXPECT_EQ(l3.IterValidate(&vrf_leaf, MOP_VALUE_SET, nullptr, nullptr), ITER_RECURSE);
-    ValidateIntfVrfOspfv3 ospfv3(-1, &tctx, "");
-    EXPECT_EQ(ospfv3.IterValidate(&vrf_leaf, MOP_VALUE_SET, nullptr, &red), ITER_RECURSE);
-}
-
 constexpr const char* kHandlerSignature =
     "int32_t validate_intf_vrf\\(int32_t, confd_trans_ctx\\*, confd_hkeypath_t\\*, "
     "confd_value_t\\*, ip_application::config_valid::Config&\\)";
