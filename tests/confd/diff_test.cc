@@ -20,19 +20,21 @@ constexpr const char* kRunning = R"(
   <l3 xmlns="urn:ipapp:yang:ipapp"><name>8</name><vrf>blue</vrf></l3>
 </interface></config>)";
 
+// Entries written out of key order: the walk delivers them in key order.
 constexpr const char* kCandidate = R"(
 <config xmlns="urn:ipapp:yang:device-config"><interface>
+  <l3 xmlns="urn:ipapp:yang:ipapp"><name>9</name><vrf>green</vrf>
+    <lower-layer-if><vlan>10</vlan></lower-layer-if></l3>
+  <l3 xmlns="urn:ipapp:yang:ipapp"><name>8</name><vrf>blue</vrf></l3>
   <l3 xmlns="urn:ipapp:yang:ipapp">
     <name>5</name><vrf>blue</vrf>
     <ipv4><address>
+      <secondary><ip>10.10.0.1/24</ip></secondary>
       <secondary><ip>10.1.3.1/24</ip></secondary>
       <secondary><ip>10.9.9.9/24</ip></secondary>
     </address></ipv4>
     <ipv6><nd><ra><max-interval>600</max-interval><min-interval>100</min-interval></ra></nd></ipv6>
   </l3>
-  <l3 xmlns="urn:ipapp:yang:ipapp"><name>9</name><vrf>green</vrf>
-    <lower-layer-if><vlan>10</vlan></lower-layer-if></l3>
-  <l3 xmlns="urn:ipapp:yang:ipapp"><name>8</name><vrf>blue</vrf></l3>
 </interface></config>)";
 
 const char* op_name(enum maapi_iter_op op) {
@@ -94,6 +96,7 @@ TEST_F(DiffIterate, ReportsEveryKindOfChangeInDocumentedOrder) {
         "deleted /config/interface/l3{5}/lower-layer-if/vlan",
         "set /config/interface/l3{5}/vrf = blue",
         "created /config/interface/l3{5}/ipv4/address/secondary{10.9.9.9/24}",
+        "created /config/interface/l3{5}/ipv4/address/secondary{10.10.0.1/24}",
         "set /config/interface/l3{5}/ipv6/nd/ra/min-interval = 100",
         "created /config/interface/l3{9}",
         "set /config/interface/l3{9}/vrf = green",
@@ -138,7 +141,8 @@ TEST_F(DiffIterate, APathNarrowsTheWalk) {
     EXPECT_TRUE(run("/config/interface/loopback").empty());
     EXPECT_EQ(run("/config/interface/l3{5}/ipv4/address/secondary"),
               (std::vector<std::string>{
-                  "created /config/interface/l3{5}/ipv4/address/secondary{10.9.9.9/24}"}));
+                  "created /config/interface/l3{5}/ipv4/address/secondary{10.9.9.9/24}",
+                  "created /config/interface/l3{5}/ipv4/address/secondary{10.10.0.1/24}"}));
 }
 
 TEST_F(DiffIterate, BadCallsAreErrors) {

@@ -1,5 +1,6 @@
 #include "path_format.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -117,12 +118,23 @@ bool Expander::parse_conversion(const char*& p, Conversion& c, std::string& erro
             }
             c.spec += *p++;
         }
-        if (*p == '*') {
-            c.spec += std::to_string(va_arg(args_, int));
+        // A width or precision that makes the text too long is refused before
+        // printf has to produce it.
+        long long number = 0;
+        bool given = *p == '*';
+        if (given) {
+            number = va_arg(args_, int);
             ++p;
         }
-        while (*p >= '0' && *p <= '9') {
-            c.spec += *p++;
+        for (; *p >= '0' && *p <= '9'; ++p, given = true) {
+            number = std::min<long long>(number * 10 + (*p - '0'), kMaxPathLength + 1);
+        }
+        if (number > static_cast<long long>(kMaxPathLength)) {
+            error = "path too long";
+            return false;
+        }
+        if (given) {
+            c.spec += std::to_string(number);
         }
     }
     static const char* const lengths[] = {"hh", "ll", "h", "l", "L", "j", "z", "t"};

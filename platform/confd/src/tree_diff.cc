@@ -1,7 +1,13 @@
 #include "tree_diff.h"
 
+#include <algorithm>
 #include <cstring>
+#include <string>
+#include <utility>
+#include <vector>
 
+#include "list_index.h"
+#include "schema.h"
 #include "typed_value.h"
 
 namespace confd::detail {
@@ -77,9 +83,38 @@ bool subtree_differs(const lyd_node* running, const lyd_node* candidate) {
            children_differ(lyd_child(running), lyd_child(candidate), false);
 }
 
+// The walked siblings from first on, entries of ordered-by system lists in
+// key order (list_index.h), everything else as it stands.
+std::vector<const lyd_node*> delivery_order(const Schema& schema, const lyd_node* first,
+                                            const lysc_node* only) {
+    std::vector<const lyd_node*> nodes;
+    for (const lyd_node* node = first; node != nullptr; node = node->next) {
+        if (walked(node, only)) {
+            nodes.push_back(node);
+        }
+    }
+    for (auto run = nodes.begin(); run != nodes.end();) {
+        const lysc_node* list = (*run)->schema;
+        auto end =
+            std::find_if(run, nodes.end(), [&](const lyd_node* n) { return n->schema != list; });
+        if (list->nodetype == LYS_LIST && !(list->flags & LYS_ORDBY_USER) && end - run > 1) {
+            std::vector<std::pair<std::string, const lyd_node*>> keyed;
+            for (auto it = run; it != end; ++it) {
+                keyed.emplace_back(entry_key(schema, *it).value_or(std::string()), *it);
+            }
+            std::stable_sort(keyed.begin(), keyed.end(),
+                             [](const auto& a, const auto& b) { return a.first < b.first; });
+            std::transform(keyed.begin(), keyed.end(), run,
+                           [](const auto& item) { return item.second; });
+        }
+        run = end;
+    }
+    return nodes;
+}
+
 class Walker {
   public:
-    explicit Walker(const DiffVisitor& visit) : visit_(visit) {}
+    Walker(const Schema& schema, const DiffVisitor& visit) : schema_(schema), visit_(visit) {}
 
     // parent: the candidate node holding the siblings (nullptr: top level).
     Flow children(const lyd_node* running_first, const lyd_node* candidate_first,
@@ -93,13 +128,14 @@ class Walker {
     // Reports the event; on recurse, walks the children of the node.
     Flow report(const DiffEvent& event, const lyd_node* running_first, bool descend);
 
+    const Schema& schema_;
     const DiffVisitor& visit_;
 };
 
 Flow Walker::children(const lyd_node* running_first, const lyd_node* candidate_first,
                       const lyd_node* parent, const lysc_node* only) {
-    for (const lyd_node* node = running_first; node != nullptr; node = node->next) {
-        if (!walked(node, only) || counterpart(candidate_first, node) != nullptr) {
+    for (const lyd_node* node : delivery_order(schema_, running_first, only)) {
+        if (counterpart(candidate_first, node) != nullptr) {
             continue;
         }
         const Flow flow = deleted(node, parent);
@@ -107,10 +143,7 @@ Flow Walker::children(const lyd_node* running_first, const lyd_node* candidate_f
             return flow == Flow::stop ? Flow::stop : Flow::next;
         }
     }
-    for (const lyd_node* node = candidate_first; node != nullptr; node = node->next) {
-        if (!walked(node, only)) {
-            continue;
-        }
+    for (const lyd_node* node : delivery_order(schema_, candidate_first, only)) {
         const Flow flow = pair(counterpart(running_first, node), node, parent);
         if (flow != Flow::next) {
             return flow == Flow::stop ? Flow::stop : Flow::next;
@@ -179,15 +212,16 @@ Flow Walker::report(const DiffEvent& event, const lyd_node* running_first, bool 
 
 }  // namespace
 
-bool diff_children(const lyd_node* running_first, const lyd_node* candidate_first,
-                   const lyd_node* candidate_parent, const lysc_node* only,
-                   const DiffVisitor& visit) {
-    Walker walker(visit);
+bool diff_children(const Schema& schema, const lyd_node* running_first,
+                   const lyd_node* candidate_first, const lyd_node* candidate_parent,
+                   const lysc_node* only, const DiffVisitor& visit) {
+    Walker walker(schema, visit);
     return walker.children(running_first, candidate_first, candidate_parent, only) != Flow::stop;
 }
 
-bool diff_node(const lyd_node* running, const lyd_node* candidate, const DiffVisitor& visit) {
-    Walker walker(visit);
+bool diff_node(const Schema& schema, const lyd_node* running, const lyd_node* candidate,
+               const DiffVisitor& visit) {
+    Walker walker(schema, visit);
     const lyd_node* parent = candidate != nullptr ? lyd_parent(candidate) : nullptr;
     return walker.pair(present(running) ? running : nullptr,
                        present(candidate) ? candidate : nullptr, parent) != Flow::stop;

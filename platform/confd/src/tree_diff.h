@@ -3,10 +3,10 @@
  * candidate), found in one walk over both: siblings are matched through
  * libyang's hash lookups, so the walk is linear in the data.
  *
- * Order: under each parent, the running children that are gone come first
- * (in running order), then the candidate children in candidate order (schema
- * order between siblings, list entries as written). Implicit default nodes
- * count as absent.
+ * Order: under each parent, the running children that are gone come first,
+ * then the candidate children; siblings in schema order, entries of
+ * ordered-by system lists in key order (list_index.h), of ordered-by user
+ * lists as written. Implicit default nodes count as absent.
  *
  * What is reported, as ConfD's diff iteration does:
  * - created: a list entry or presence container (its leaves, if the walk
@@ -25,6 +25,8 @@
 #include <functional>
 
 namespace confd::detail {
+
+class Schema;
 
 enum class DiffOp { created, deleted, modified, value_set };
 
@@ -45,12 +47,13 @@ using DiffVisitor = std::function<DiffStep(const DiffEvent&)>;
 // the candidate is candidate_parent (nullptr: the top level). `only`
 // restricts the walk to instances of that schema node. Returns false when
 // the visitor stopped the walk.
-bool diff_children(const lyd_node* running_first, const lyd_node* candidate_first,
-                   const lyd_node* candidate_parent, const lysc_node* only,
-                   const DiffVisitor& visit);
+bool diff_children(const Schema& schema, const lyd_node* running_first,
+                   const lyd_node* candidate_first, const lyd_node* candidate_parent,
+                   const lysc_node* only, const DiffVisitor& visit);
 
 // Compares one node with its counterpart (either may be nullptr).
-bool diff_node(const lyd_node* running, const lyd_node* candidate, const DiffVisitor& visit);
+bool diff_node(const Schema& schema, const lyd_node* running, const lyd_node* candidate,
+               const DiffVisitor& visit);
 
 }  // namespace confd::detail
 
