@@ -41,7 +41,8 @@ class Error : public std::runtime_error {
 
 enum class DataFormat { xml, json };
 
-// A validation point declared in the model (ipapp-ext:validate).
+// A validation point declared in the model (ipapp-ext:validate). Its node
+// pointers stay valid while the Schema, or a Datastore of it, lives.
 struct ValidationPoint {
     std::string name;
     std::string node_path;  // schema path of the node, "/config/interface/l3"
