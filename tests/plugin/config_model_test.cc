@@ -9,21 +9,17 @@
 
 #include "ip_app_valid/config.h"
 #include "snapshot.h"
+#include "snapshot_text.h"
 
 namespace {
 
 using ip_application::config_valid::Config;
 using ip_application::config_valid::ConfigAddrFamily;
 using ip_application::config_valid::GenericConfig;
-using ip_application::config_valid::Interface;
 using ip_application::config_valid::InterfaceType;
 using ip_application::config_valid::L3Config;
 using ip_application::config_valid::LoConfig;
 using ip_application::config_valid::Ospfv2Config;
-using plugin_test::InterfaceSpec;
-using plugin_test::MakeInterface;
-using plugin_test::MakeOspfIf;
-using plugin_test::V4;
 
 // A reader that records what it was asked to read and can fail once.
 class RecordingReader : public GenericConfig {
@@ -125,91 +121,52 @@ TEST(IntfTypeFromConfdPathDeathTest, InnermostElementMustBeATag) {
                  "`\\(&keypath->v\\[0\\]\\[0\\]\\)->type == C_XMLTAG' failed\\.");
 }
 
-std::vector<std::string> Names(const std::vector<Interface>& interfaces) {
-    std::vector<std::string> names;
-    for (const Interface& intf : interfaces) {
-        names.push_back(intf.name);
-    }
-    return names;
-}
-
 TEST(InterfaceMerge, FirstReadWinsPerList) {
     struct Case {
-        const char* what;
-        InterfaceSpec stored;
-        InterfaceSpec incoming;
-        InterfaceSpec merged;
+        std::vector<std::string> merged_in_order;
+        std::vector<std::string> records;
     };
     const Case cases[] = {
-        {"IPv6 read fills the IPv6 list of an IPv4 record",
-         {"l3 1", "red", {"10.0.0.1/24"}, {}, 7},
-         {"l3 1", "blue", {}, {"2001:db8::1/64"}, 9},
-         {"l3 1", "red", {"10.0.0.1/24"}, {"2001:db8::1/64"}, 7}},
-        {"IPv4 read fills the IPv4 list of an IPv6 record",
-         {"l3 1", "red", {}, {"2001:db8::1/64"}},
-         {"l3 1", "red", {"10.0.0.1/24"}, {}},
-         {"l3 1", "red", {"10.0.0.1/24"}, {"2001:db8::1/64"}}},
-        {"filling IPv4 ends the merge",
-         {"l3 1", "red", {}, {}},
-         {"l3 1", "red", {"10.0.0.1/24"}, {"2001:db8::1/64"}},
-         {"l3 1", "red", {"10.0.0.1/24"}, {}}},
-        {"a non-empty list is never replaced or extended",
-         {"l3 1", "red", {"10.0.0.1/24"}, {"2001:db8::1/64"}},
-         {"l3 1", "red", {"10.0.0.2/24"}, {"2001:db8::2/64"}},
-         {"l3 1", "red", {"10.0.0.1/24"}, {"2001:db8::1/64"}}},
-        {"empty incoming lists change nothing",
-         {"l3 1", "red", {}, {}},
-         {"l3 1", "", {}, {}, 3},
-         {"l3 1", "red", {}, {}}},
+        // A later read fills the other family's empty list only.
+        {{"l3 1|red|10.0.0.1/24||7", "l3 1|blue||2001:db8::1/64|9"},
+         {"l3 1|red|10.0.0.1/24|2001:db8::1/64|7"}},
+        {{"l3 1|red||2001:db8::1/64", "l3 1|red|10.0.0.1/24"},
+         {"l3 1|red|10.0.0.1/24|2001:db8::1/64|0"}},
+        // Filling the IPv4 list ends the merge.
+        {{"l3 1|red", "l3 1|red|10.0.0.1/24|2001:db8::1/64"}, {"l3 1|red|10.0.0.1/24||0"}},
+        // A non-empty list is never replaced or extended.
+        {{"l3 1|red|10.0.0.1/24|2001:db8::1/64", "l3 1|red|10.0.0.2/24|2001:db8::2/64"},
+         {"l3 1|red|10.0.0.1/24|2001:db8::1/64|0"}},
+        // New names are appended in the order first met, compared whole.
+        {{"l3 2", "l3 10", "l3 1", "l3 10|red|10.0.0.1/24", "L3 1", "l3 1 "},
+         {"l3 2|global|||0", "l3 10|global|10.0.0.1/24||0", "l3 1|global|||0", "L3 1|global|||0",
+          "l3 1 |global|||0"}},
     };
     for (const Case& c : cases) {
         L3Config reader;
-        reader.MergeConfigAndInsert(MakeInterface(c.stored));
-        reader.MergeConfigAndInsert(MakeInterface(c.incoming));
-        ASSERT_EQ(reader.interfaces().size(), 1u) << c.what;
-        const Interface& merged = reader.interfaces().front();
-        const Interface expected = MakeInterface(c.merged);
-        EXPECT_EQ(merged.ipv4_addrs, expected.ipv4_addrs) << c.what;
-        EXPECT_EQ(merged.ipv6_addrs, expected.ipv6_addrs) << c.what;
-        EXPECT_EQ(merged.vrf_name, expected.vrf_name) << c.what;
-        EXPECT_EQ(merged.lim_id.index, expected.lim_id.index) << c.what;
+        for (const std::string& record : c.merged_in_order) {
+            reader.MergeConfigAndInsert(plugin_test::ParseInterface(record));
+        }
+        EXPECT_EQ(plugin_test::Records(reader.interfaces()), c.records);
     }
-}
-
-TEST(InterfaceMerge, NewNamesAreAppendedInTheOrderFirstMet) {
-    L3Config reader;
-    for (const char* name : {"l3 2", "l3 10", "l3 1", "l3 10", "L3 1", "l3 1 "}) {
-        reader.MergeConfigAndInsert(MakeInterface({name}));
-    }
-    EXPECT_EQ(Names(reader.interfaces()),
-              (std::vector<std::string>{"l3 2", "l3 10", "l3 1", "L3 1", "l3 1 "}));
 }
 
 TEST(OspfMerge, OneRecordPerInterfaceProcessAndVrf) {
     Ospfv2Config ospf;
-    auto merge = [&ospf](const std::string& name, uint32_t process, const std::string& vrf,
-                         const std::string& area, const std::string& addr) {
-        auto record = MakeOspfIf(name, process, vrf, area, addr);
-        ospf.MergeConfigAndInsert(record);
-    };
-    merge("l3 5", 1, "red", "0.0.0.1", "10.0.0.1/24");
-    merge("l3 5", 1, "red", "0.0.0.2", "10.0.1.1/24");   // other area: same record
-    merge("l3 5", 2, "red", "0.0.0.1", "10.0.2.1/24");   // other process
-    merge("l3 5", 1, "blue", "0.0.0.1", "10.0.3.1/24");  // other VRF
-    merge("l3 6", 1, "red", "0.0.0.1", "10.0.4.1/24");   // other interface
-
-    ASSERT_EQ(ospf.interfaces().size(), 4u);
-    const auto& first = *ospf.interfaces().front();
-    EXPECT_EQ(first.intf_name, "l3 5");
-    EXPECT_EQ(first.area, plugin_test::Addr4("0.0.0.1")) << "the first entry's area stays";
-    EXPECT_EQ(first.addrs,
-              (std::list<nettypes::IPv4AddrMask>{V4("10.0.0.1/24"), V4("10.0.1.1/24")}));
-    std::vector<std::pair<uint32_t, std::string>> keys;
-    for (const auto& record : ospf.interfaces()) {
-        keys.emplace_back(record->process_id, record->intf_name + "/" + record->vrf_name);
+    for (const char* record : {
+             "l3 5|1|red|0.0.0.1|10.0.0.1/24",
+             "l3 5|1|red|0.0.0.2|10.0.1.1/24",  // another area: same record
+             "l3 5|2|red|0.0.0.1|10.0.2.1/24",  // another process
+             "l3 5|1|blue|0.0.0.1|10.0.3.1/24", "l3 6|1|red|0.0.0.1|10.0.4.1/24",
+             "l3 6|1|red|0.0.0.1",  // nothing to add
+         }) {
+        auto assignment = plugin_test::ParseOspfIf(record);
+        ospf.MergeConfigAndInsert(assignment);
     }
-    EXPECT_EQ(keys, (std::vector<std::pair<uint32_t, std::string>>{
-                        {1, "l3 5/red"}, {2, "l3 5/red"}, {1, "l3 5/blue"}, {1, "l3 6/red"}}));
+    EXPECT_EQ(plugin_test::Records(ospf.interfaces()),
+              (std::vector<std::string>{
+                  "l3 5|1|red|0.0.0.1|10.0.0.1/24,10.0.1.1/24", "l3 5|2|red|0.0.0.1|10.0.2.1/24",
+                  "l3 5|1|blue|0.0.0.1|10.0.3.1/24", "l3 6|1|red|0.0.0.1|10.0.4.1/24"}));
 }
 
 }  // namespace

@@ -30,23 +30,11 @@ TEST(ValidateOnDatastore, HandlersReadTheCandidateOfTheCallback) {
          Interfaces(L3("1", L3IPv4("10.0.0.1/24")) + L3("2", L3IPv4("10.0.0.2/16"))),
          "l3 1 vrf global ipv4 address 10.0.0.1/24 overlaps with l3 2 vrf global ipv4 address "
          "10.0.0.2/16."},
-        {"ipv6_addr_validation", ipapp_loopback,
-         Interfaces(Loopback("1", IPv6({"2001:db8::1/128"})) +
-                    L3("1", IPv6({"2001:db8::/64"}) + Vrf("red"))),
-         "loopback 1 ipv6 address 2001:db8::1/128 overlaps with l3 1 ipv6 address 2001:db8::/64."},
-        {"ipv6_addr_route_validation", ipapp_l3, ManyRoutes(2, 500),
-         "The maximum number of available static routes was exceeded."},
         {"static_route_l3_intf_validation", ipapp_l3,
          Interfaces(L3("7", L3IPv4("10.0.0.1/24"))) +
              Routes({IPv6Route("2001:db9::", 32, "fe80::1", "l3-7")}),
          "l3 7 is being used by a static route. Lower-layer-if cannot be removed from this "
          "interface"},
-        {"ipv4_addr_prot_cross_validation", ipapp_l3,
-         Interfaces(L3("5", L3IPv4("10.1.1.1/24", {"10.1.2.1/24"}) + Vrf("red"))) +
-             Internal(OspfInterface("7", "0.0.0.1", "l3-5", "10.1.1.1", 24) +
-                      OspfProcess(7, 5, "red")),
-         "10.1.2.1/24 cannot be added after interface is assigned to router ospf 5 vrf red area 1 "
-         "(0.0.0.1)"},
         {"ipv4_addr_validation", ipapp_mgmt,
          Interfaces(Mgmt("0", MgmtIPv4("172.16.0.10/16") + Vrf("mgmt")) +
                     L3("1", L3IPv4("10.0.0.1/24"))),

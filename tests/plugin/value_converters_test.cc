@@ -13,11 +13,9 @@
 namespace {
 
 using ip_application::config_valid::L3Config;
-using plugin_test::V4;
 using plugin_test::V6;
 
-// Unbound: the converters need no MAAPI, and get_vrf_name_from_id's lookup
-// fails as on a missing VRF table.
+// Unbound: the converters need no MAAPI.
 const L3Config kReader;
 
 confd_value_t Binary(const std::vector<unsigned char>& bytes) {
@@ -84,27 +82,6 @@ TEST(AddressConverters, NonBinaryValuesGiveTheUnspecifiedAddress) {
     }
 }
 
-TEST(AddressMaskConverters, NeedABinaryAddressAndA32BitPrefixLength) {
-    const std::vector<unsigned char> ipv4 = {10, 0, 0, 1};
-    const std::vector<unsigned char> ipv6 = {0x20, 0x01, 0x0d, 0xb8, 0, 0, 0, 0,
-                                             0,    0,    0,    0,    0, 0, 0, 1};
-    EXPECT_EQ(kReader.get_ipv4_addr_mask(Binary(ipv4), Int32(24)), V4("10.0.0.1/24"));
-    EXPECT_EQ(kReader.get_ipv6_addr_mask(Binary(ipv6), Int32(64)), V6("2001:db8::1/64"));
-
-    const nettypes::IPv4AddrMask unset4;
-    const nettypes::IPv6AddrMask unset6;
-    EXPECT_EQ(kReader.get_ipv4_addr_mask(Binary(ipv4), Uint32(24)), unset4);
-    EXPECT_EQ(kReader.get_ipv4_addr_mask(Buffer("10.0.0.1"), Int32(24)), unset4);
-    EXPECT_EQ(kReader.get_ipv6_addr_mask(Binary(ipv6), Uint32(64)), unset6);
-    EXPECT_EQ(kReader.get_ipv6_addr_mask(Int32(1), Int32(64)), unset6);
-}
-
-TEST(VrfNameFromId, GlobalUnlessTheVrfTableNamesIt) {
-    EXPECT_EQ(kReader.get_vrf_name_from_id(Int32(1)), "global");
-    EXPECT_EQ(kReader.get_vrf_name_from_id(Buffer("red")), "global");
-    EXPECT_EQ(kReader.get_vrf_name_from_id(Uint32(0x00010002)), "global");
-}
-
 // A cursor standing on a route with the given prefix length and forwarding
 // table index keys.
 maapi_cursor RouteCursor(const confd_value_t& prefix_len, const confd_value_t& fte_index) {
@@ -129,11 +106,6 @@ TEST(IntfNameFromRouteDeathTest, PrefixLengthAndTableIndexKeysMustHaveTheirTypes
     EXPECT_DEATH(kReader.get_intf_name_from_route(int_index),
                  "src/lib/config:[0-9]+: .*get_intf_name_from_route.*: Assertion "
                  "`\\(&cursor\\.keys\\[kFteIndex\\]\\)->type == C_UINT32' failed\\.");
-}
-
-TEST(IntfNameFromRoute, UnreadableNameIsEmpty) {
-    maapi_cursor cursor = RouteCursor(Int32(8), Uint32(1));
-    EXPECT_EQ(kReader.get_intf_name_from_route(cursor), "");
 }
 
 }  // namespace
