@@ -171,7 +171,15 @@ Flow Walker::created(const lyd_node* candidate) {
 
 Flow Walker::deleted(const lyd_node* running, const lyd_node* parent) {
     if (!(running->schema->nodetype & LYD_NODE_TERM) && is_np_container(running)) {
-        return children(lyd_child(running), nullptr, parent, nullptr);
+        // A non-presence container exists as long as its parent does, as in
+        // ConfD: its children are deleted from the candidate's (implicit)
+        // instance, so that instance counts as changed.
+        lyd_node* implicit = nullptr;
+        if (parent != nullptr) {
+            lyd_find_sibling_first(lyd_child(parent), running, &implicit);
+        }
+        return children(lyd_child(running), nullptr, implicit != nullptr ? implicit : parent,
+                        nullptr);
     }
     return report({DiffOp::deleted, running, parent}, nullptr, false);
 }
