@@ -6,6 +6,7 @@
 
 #include <initializer_list>
 
+#include "invalid_interface_text.h"
 #include "ip_app_valid.h"
 #include "ip_app_valid/config.h"
 #include "ip_app_valid/validate_config.h"
@@ -14,11 +15,10 @@ using ip_application::config_valid::Config;
 using ip_application::config_valid::ConfigAddrFamily;
 using ip_application::config_valid::GenericConfig;
 using ip_application::config_valid::InterfaceType;
+using ip_application::config_valid::kInvalidInterfaceText;
 using ip_application::config_valid::ValidateConfig;
 
 namespace {
-
-constexpr const char* kInvalidInterface = "invalid interface being handled by IP-App validation";
 
 // Reads the family into each reader that has not read it yet, in the order
 // given.
@@ -46,7 +46,7 @@ int32_t ValidateInterfaceAddresses(confd_trans_ctx* tctx, confd_hkeypath_t* keyp
                                    ConfigAddrFamily family, InterfaceCheck check) {
     const InterfaceType type = Config::intf_type_from_confd_path(keypath);
     if (type == InterfaceType::Unknown) {
-        confd_trans_seterr(tctx, "%s", kInvalidInterface);
+        confd_trans_seterr(tctx, "%s", kInvalidInterfaceText);
         return -1;
     }
     BringUpToDate(family, {&config.l3_config, &config.lo_config, &config.mgmt_config,

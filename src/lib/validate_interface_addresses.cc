@@ -9,12 +9,13 @@
 #include <sstream>
 #include <utility>
 
+#include "invalid_interface_text.h"
+
 namespace ip_application {
 namespace config_valid {
 
 namespace {
 
-constexpr const char* kInvalidInterface = "invalid interface being handled by IP-App validation";
 // Point-to-point (/31) and host (/32) prefixes have no network or broadcast
 // address to avoid.
 constexpr unsigned kLongestCheckedIPv4Prefix = 30;
@@ -126,7 +127,7 @@ int32_t ValidateConfig::ValidateInterfaces(const Config& config, InterfaceType t
                                            const FamilyChecks& family) {
     const InterfaceConfig* own = config.intf_by_type(type);
     if (own == nullptr) {
-        SetError(kInvalidInterface);
+        SetError(kInvalidInterfaceText);
         return -1;
     }
     const std::vector<Interface>& interfaces = own->interfaces();
