@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -25,6 +26,11 @@ confdstore::DataFormat format_of(const std::string& file) {
 }
 
 std::string read_file(const std::string& file) {
+    // A directory opens as a stream that reads nothing; it is no configuration.
+    std::error_code ignored;
+    if (std::filesystem::is_directory(file, ignored)) {
+        throw confdstore::Error(file + ": cannot read: " + std::strerror(EISDIR));
+    }
     std::ifstream in(file, std::ios::binary);
     if (!in) {
         throw confdstore::Error(file + ": cannot read: " + std::strerror(errno));

@@ -1,0 +1,123 @@
+# Runs ipapp-validate on one case and compares its verdict and text with the
+# case's expectation. Usage:
+#   cmake -DTOOL=<ipapp-validate> -DCANDIDATE=<file> -DEXPECTED=<file>
+#         [-DRUNNING=<file>] [-DARGS_FILE=<file>] [-DEXPECTED_LOG=<file>]
+#         -P run_case.cmake
+#
+# EXPECTED: the verdict on the first line (accepted, refused or crashed);
+# every further line is the exact text: the refusal text of the first refused
+# call, or for a crash its cause and then what the plug-in printed.
+# ARGS_FILE: further options for the tool, one per line.
+# EXPECTED_LOG: lines that must each stand whole among the tool's stderr
+# lines (fault reports, debug lines).
+cmake_minimum_required(VERSION 3.25)
+
+foreach(required TOOL CANDIDATE EXPECTED)
+    if(NOT DEFINED ${required})
+        message(FATAL_ERROR "run_case.cmake needs -D${required}=...")
+    endif()
+endforeach()
+
+# The first line of text and the rest, without list operations: texts may
+# hold semicolons.
+function(split_first_line text first_out rest_out)
+    string(FIND "${text}" "\n" newline)
+    if(newline EQUAL -1)
+        set(${first_out} "${text}" PARENT_SCOPE)
+        set(${rest_out} "" PARENT_SCOPE)
+        return()
+    endif()
+    string(SUBSTRING "${text}" 0 ${newline} first)
+    math(EXPR after "${newline} + 1")
+    string(SUBSTRING "${text}" ${after} -1 rest)
+    set(${first_out} "${first}" PARENT_SCOPE)
+    set(${rest_out} "${rest}" PARENT_SCOPE)
+endfunction()
+
+function(fail what)
+    message(FATAL_ERROR "${what}\n--- command: ${command_text}\n--- stdout:\n${stdout}\n--- stderr:\n${stderr}")
+endfunction()
+
+function(json_get out json)
+    string(JSON value ERROR_VARIABLE error GET "${json}" ${ARGN})
+    if(error)
+        fail("the report is not the JSON expected: ${error}")
+    endif()
+    set(${out} "${value}" PARENT_SCOPE)
+endfunction()
+
+# The text of the first call that was not accepted.
+function(first_text out report)
+    string(JSON count LENGTH "${report}" calls)
+    set(text "")
+    if(count GREATER 0)
+        math(EXPR last "${count} - 1")
+        foreach(index RANGE ${last})
+            json_get(verdict "${report}" calls ${index} verdict)
+            if(verdict STREQUAL "refused")
+                json_get(text "${report}" calls ${index} text)
+                break()
+            elseif(verdict STREQUAL "crashed")
+                json_get(cause "${report}" calls ${index} crash cause)
+                json_get(detail "${report}" calls ${index} crash detail)
+                set(text "${cause}")
+                if(NOT detail STREQUAL "")
+                    set(text "${cause}\n${detail}")
+                endif()
+                break()
+            endif()
+        endforeach()
+    endif()
+    set(${out} "${text}" PARENT_SCOPE)
+endfunction()
+
+set(command ${TOOL} --format json)
+if(DEFINED RUNNING AND NOT RUNNING STREQUAL "")
+    list(APPEND command --running ${RUNNING})
+endif()
+if(DEFINED ARGS_FILE AND EXISTS "${ARGS_FILE}")
+    file(STRINGS "${ARGS_FILE}" extra_arguments)
+    list(APPEND command ${extra_arguments})
+endif()
+list(APPEND command ${CANDIDATE})
+string(REPLACE ";" " " command_text "${command}")
+
+execute_process(COMMAND ${command}
+    OUTPUT_VARIABLE stdout ERROR_VARIABLE stderr RESULT_VARIABLE status)
+
+file(READ "${EXPECTED}" expected)
+string(REGEX REPLACE "\n$" "" expected "${expected}")
+split_first_line("${expected}" expected_verdict expected_text)
+
+set(exit_codes_accepted 0)
+set(exit_codes_refused 1)
+set(exit_codes_crashed 3)
+if(NOT DEFINED exit_codes_${expected_verdict})
+    message(FATAL_ERROR "${EXPECTED}: unknown verdict '${expected_verdict}'")
+endif()
+
+json_get(verdict "${stdout}" verdict)
+if(NOT verdict STREQUAL expected_verdict)
+    fail("verdict: expected ${expected_verdict}, got ${verdict}")
+endif()
+if(NOT status EQUAL exit_codes_${expected_verdict})
+    fail("exit status: expected ${exit_codes_${expected_verdict}}, got ${status}")
+endif()
+first_text(text "${stdout}")
+if(NOT text STREQUAL expected_text)
+    fail("text: expected\n[${expected_text}]\ngot\n[${text}]")
+endif()
+
+if(DEFINED EXPECTED_LOG AND EXISTS "${EXPECTED_LOG}")
+    file(READ "${EXPECTED_LOG}" remaining)
+    while(NOT remaining STREQUAL "")
+        split_first_line("${remaining}" line remaining)
+        if(line STREQUAL "")
+            continue()
+        endif()
+        string(FIND "\n${stderr}\n" "\n${line}\n" found)
+        if(found EQUAL -1)
+            fail("stderr lacks the line\n[${line}]")
+        endif()
+    endwhile()
+endif()

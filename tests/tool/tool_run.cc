@@ -1,0 +1,86 @@
+#include "tool_run.h"
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+
+extern char** environ;
+
+std::vector<std::string> ToolRun::ErrLines() const {
+    std::vector<std::string> lines;
+    std::istringstream stream(err);
+    for (std::string line; std::getline(stream, line);) {
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+std::string ReadFile(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+TempDir::TempDir() {
+    char directory[] = "/tmp/ipapp-tool-test-XXXXXX";
+    if (mkdtemp(directory) == nullptr) {
+        throw std::runtime_error("mkdtemp failed");
+    }
+    path_ = directory;
+}
+
+TempDir::~TempDir() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+}
+
+ToolRun RunIpappValidate(const std::vector<std::string>& arguments,
+                         const std::vector<std::string>& environment) {
+    const TempDir directory;
+    const std::string out_path = directory.Path("stdout");
+    const std::string err_path = directory.Path("stderr");
+    std::vector<std::string> argv_text{IPAPP_VALIDATE};
+    argv_text.insert(argv_text.end(), arguments.begin(), arguments.end());
+    std::vector<char*> argv;
+    for (std::string& argument : argv_text) {
+        argv.push_back(argument.data());
+    }
+    argv.push_back(nullptr);
+    std::vector<std::string> env_text(environment);
+    for (char** entry = environ; *entry != nullptr; ++entry) {
+        env_text.push_back(*entry);
+    }
+    std::vector<char*> envp;
+    for (std::string& entry : env_text) {
+        envp.push_back(entry.data());
+    }
+    envp.push_back(nullptr);
+
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, out_path.c_str(),
+                                     O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, err_path.c_str(),
+                                     O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    pid_t pid = 0;
+    const int spawned = posix_spawn(&pid, argv[0], &actions, nullptr, argv.data(), envp.data());
+    posix_spawn_file_actions_destroy(&actions);
+    if (spawned != 0) {
+        throw std::runtime_error("cannot start " + argv_text[0]);
+    }
+    int status = 0;
+    waitpid(pid, &status, 0);
+    ToolRun run;
+    run.status = WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
+    run.out = ReadFile(out_path);
+    run.err = ReadFile(err_path);
+    return run;
+}

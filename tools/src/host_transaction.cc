@@ -1,0 +1,65 @@
+#include "host_transaction.h"
+
+#include <arpa/inet.h>
+#include <unistd.h>
+
+#include <confd_maapi.h>
+
+#include <string>
+
+#include "input_error.h"
+
+namespace ipapp_validate {
+namespace {
+
+// ConfD's own default: the agent on the loopback address, port 4565. With
+// the in-process datastore nothing listens there; the address only names it.
+sockaddr_in AgentAddress() {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_port = htons(4565);
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    return address;
+}
+
+[[noreturn]] void Fail(const char* step) {
+    throw InputError(std::string("cannot set up the validation transaction: ") + step + ": " +
+                     confd_lasterr());
+}
+
+}  // namespace
+
+HostTransaction::HostTransaction(const confdstore::Datastore& datastore)
+    : instance_(AgentAddress()) {
+    const sockaddr_in address = AgentAddress();
+    registration_ = datastore.serve(reinterpret_cast<const sockaddr*>(&address), sizeof address);
+    maapi_sock_ = socket(PF_INET, SOCK_STREAM, 0);
+    if (maapi_sock_ < 0) {
+        throw InputError("cannot set up the validation transaction: no socket");
+    }
+    if (maapi_connect(maapi_sock_, reinterpret_cast<const sockaddr*>(&address), sizeof address) !=
+        CONFD_OK) {
+        close(maapi_sock_);
+        Fail("maapi_connect");
+    }
+    tctx_.thandle = maapi_start_trans(maapi_sock_, CONFD_CANDIDATE, CONFD_READ);
+    host_state_ = tctx_.thandle < 0 ? nullptr : velconfd_create(&instance_, maapi_sock_);
+    if (host_state_ == nullptr) {
+        maapi_close(maapi_sock_);
+        close(maapi_sock_);
+        Fail("maapi_start_trans");
+    }
+    tctx_.dbname = CONFD_CANDIDATE;
+    tctx_.mode = CONFD_READ;
+    tctx_.t_opaque = host_state_;
+}
+
+HostTransaction::~HostTransaction() {
+    confd_trans_clear_err(&tctx_);
+    velconfd_destroy(host_state_);
+    maapi_finish_trans(maapi_sock_, tctx_.thandle);
+    maapi_close(maapi_sock_);
+    close(maapi_sock_);
+}
+
+}  // namespace ipapp_validate

@@ -1,0 +1,174 @@
+#include "options.h"
+
+#include <functional>
+#include <sstream>
+
+namespace ipapp_validate {
+namespace {
+
+using Setter = std::function<void(Options&, const std::string&)>;
+
+struct OptionSpec {
+    const char* name;      // without the leading "--"
+    const char* argument;  // nullptr: a flag
+    const char* help;
+    Setter set;
+};
+
+void SetOnce(std::string& target, const std::string& value, const char* name) {
+    if (!target.empty()) {
+        throw UsageError(std::string("--") + name + " given twice");
+    }
+    if (value.empty()) {
+        throw UsageError(std::string("--") + name + " needs a non-empty value");
+    }
+    target = value;
+}
+
+OutputFormat ParseFormat(const std::string& value) {
+    if (value == "text") {
+        return OutputFormat::text;
+    }
+    if (value == "json") {
+        return OutputFormat::json;
+    }
+    throw UsageError("--format takes text or json, not '" + value + "'");
+}
+
+ExplicitCall ParseCall(const std::string& value) {
+    const size_t equals = value.find('=');
+    if (equals == std::string::npos || equals == 0 || equals + 1 == value.size()) {
+        throw UsageError("--call takes POINT=KEYPATH, not '" + value + "'");
+    }
+    return ExplicitCall{value.substr(0, equals), value.substr(equals + 1)};
+}
+
+const std::vector<OptionSpec>& Specs() {
+    static const std::vector<OptionSpec> specs = {
+        {"candidate", "FILE", "the candidate configuration (or give FILE as the only argument)",
+         [](Options& o, const std::string& v) { SetOnce(o.candidate_file, v, "candidate"); }},
+        {"running", "FILE", "the running configuration (default: empty)",
+         [](Options& o, const std::string& v) { SetOnce(o.running_file, v, "running"); }},
+        {"yang", "DIR", "the directory of the YANG modules (default: the bundled model)",
+         [](Options& o, const std::string& v) { SetOnce(o.yang_dir, v, "yang"); }},
+        {"plugin", "PATH", "the validation plug-in to load (default: the bundled one)",
+         [](Options& o, const std::string& v) { SetOnce(o.plugin_path, v, "plugin"); }},
+        {"all", nullptr, "fire every validation point, changed or not",
+         [](Options& o, const std::string&) { o.all = true; }},
+        {"call", "POINT=KEYPATH",
+         "fire only this point with this keypath, e.g. "
+         "validate_ipv6_nd_ra_interval=/config/interface/l3{5}/ipv6/nd/ra (repeatable)",
+         [](Options& o, const std::string& v) { o.calls.push_back(ParseCall(v)); }},
+        {"keep-going", nullptr, "run every fired point and list every refusal",
+         [](Options& o, const std::string&) { o.keep_going = true; }},
+        {"format", "text|json", "the report's form (default: text)",
+         [](Options& o, const std::string& v) { o.format = ParseFormat(v); }},
+        {"list-points", nullptr, "list the model's validation points and their rules, then exit",
+         [](Options& o, const std::string&) { o.list_points = true; }},
+        {"log", "FILE", "append fault reports and debug lines to FILE instead of stderr",
+         [](Options& o, const std::string& v) { SetOnce(o.log_file, v, "log"); }},
+        {"no-debug", nullptr, "leave out the plug-in's debug lines",
+         [](Options& o, const std::string&) { o.debug = false; }},
+        {"timing", nullptr, "add the time spent in the tool and in the plug-in to the report",
+         [](Options& o, const std::string&) { o.timing = true; }},
+        {"help", nullptr, "show this help and exit",
+         [](Options& o, const std::string&) { o.help = true; }},
+        {"version", nullptr, "show the version and exit",
+         [](Options& o, const std::string&) { o.version = true; }},
+    };
+    return specs;
+}
+
+const OptionSpec& FindSpec(const std::string& name) {
+    for (const OptionSpec& spec : Specs()) {
+        if (name == spec.name) {
+            return spec;
+        }
+    }
+    throw UsageError("unknown option '--" + name + "'");
+}
+
+void SetPositional(Options& options, const std::string& argument) {
+    if (!options.candidate_file.empty()) {
+        throw UsageError("more than one candidate configuration: '" + argument + "'");
+    }
+    SetOnce(options.candidate_file, argument, "candidate");
+}
+
+void CheckCombination(const Options& options) {
+    if (options.help || options.version || options.list_points) {
+        return;
+    }
+    if (options.candidate_file.empty()) {
+        throw UsageError("no candidate configuration given");
+    }
+    if (options.all && !options.calls.empty()) {
+        throw UsageError("--all and --call exclude each other");
+    }
+}
+
+}  // namespace
+
+Options ParseOptions(const std::vector<std::string>& arguments) {
+    Options options;
+    bool options_ended = false;
+    for (size_t i = 0; i < arguments.size(); ++i) {
+        const std::string& argument = arguments[i];
+        if (options_ended || argument.size() < 2 || argument.compare(0, 1, "-") != 0) {
+            SetPositional(options, argument);
+            continue;
+        }
+        if (argument == "--") {
+            options_ended = true;
+            continue;
+        }
+        if (argument == "-h") {
+            options.help = true;
+            continue;
+        }
+        if (argument.compare(0, 2, "--") != 0) {
+            throw UsageError("unknown option '" + argument + "'");
+        }
+        const size_t equals = argument.find('=');
+        const OptionSpec& spec = FindSpec(argument.substr(2, equals - 2));
+        if (spec.argument == nullptr) {
+            if (equals != std::string::npos) {
+                throw UsageError(argument.substr(0, equals) + " takes no value");
+            }
+            spec.set(options, "");
+        } else if (equals != std::string::npos) {
+            spec.set(options, argument.substr(equals + 1));
+        } else if (i + 1 < arguments.size()) {
+            spec.set(options, arguments[++i]);
+        } else {
+            throw UsageError(argument + " needs a value: " + spec.argument);
+        }
+    }
+    CheckCombination(options);
+    return options;
+}
+
+std::string HelpText() {
+    std::ostringstream text;
+    text << "Usage: ipapp-validate [OPTION]... [--candidate] FILE\n"
+            "Checks a candidate configuration against a running one with the validation\n"
+            "plug-in a device loads. The validation points whose data differs between\n"
+            "running and candidate fire, in the model's order; the first refusal ends the\n"
+            "run, as a commit would. Configurations are XML (.xml) or JSON (.json).\n"
+            "\nOptions:\n";
+    for (const OptionSpec& spec : Specs()) {
+        std::string head = std::string("  --") + spec.name;
+        if (spec.argument != nullptr) {
+            head += std::string(" ") + spec.argument;
+        }
+        text << head << "\n      " << spec.help << "\n";
+    }
+    text << "  -h  the same as --help\n"
+            "\nFault reports (\"fault: \") and debug lines (\"debug: \") of the plug-in go to\n"
+            "stderr or the --log file, never into the report on stdout.\n"
+            "\nExit status: 0 accepted, 1 refused, 2 bad usage or bad input, 3 the plug-in\n"
+            "crashed (an assertion, a signal or an exception out of validate).\n";
+    return text.str();
+}
+
+}  // namespace ipapp_validate

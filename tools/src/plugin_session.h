@@ -1,0 +1,47 @@
+// The plug-in's side of a run, inside the child process: the library's name,
+// its context, one validate per planned call and lib_finish, each reported on
+// the record pipe as soon as it returns.
+#ifndef IPAPP_VALIDATE_PLUGIN_SESSION_H
+#define IPAPP_VALIDATE_PLUGIN_SESSION_H
+
+#include <string>
+#include <vector>
+
+#include "call_plan.h"
+#include "call_record.h"
+#include "host_transaction.h"
+#include "plugin_library.h"
+
+namespace ipapp_validate {
+
+class PluginSession {
+  public:
+    PluginSession(const EntryPoints& entry_points, HostTransaction& transaction,
+                  std::vector<PlannedCall>& plan, bool keep_going)
+        : entry_points_(entry_points),
+          transaction_(transaction),
+          plan_(plan),
+          keep_going_(keep_going) {}
+
+    // Makes the calls and writes their records to record_fd. Returns false
+    // when the pipe broke (the parent is gone).
+    bool Run(int record_fd);
+
+  private:
+    CallRecord Call(const NextCall& next);
+    int GetValidationPoint(CallRecord& record);
+    int LibInit();
+    int Validate(uint32_t index, CallRecord& record);
+    int LibFinish();
+
+    const EntryPoints& entry_points_;
+    HostTransaction& transaction_;
+    std::vector<PlannedCall>& plan_;
+    bool keep_going_;
+    std::string library_name_;
+    void* context_ = nullptr;
+};
+
+}  // namespace ipapp_validate
+
+#endif

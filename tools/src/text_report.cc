@@ -1,0 +1,66 @@
+#include <algorithm>
+#include <cstdio>
+#include <string>
+
+#include "report.h"
+
+namespace ipapp_validate {
+namespace {
+
+constexpr size_t kVerdictWidth = 10;  // "accepted", "refused", "crashed" and a gap
+
+std::string Padded(const std::string& text, size_t width) {
+    return text.size() >= width ? text + " " : text + std::string(width - text.size(), ' ');
+}
+
+// Each line of text below a row, indented to the row's second column.
+void WriteIndented(const std::string& text, std::ostream& out) {
+    const std::string indent(kVerdictWidth, ' ');
+    size_t start = 0;
+    for (size_t newline = text.find('\n'); newline != std::string::npos;
+         newline = text.find('\n', start)) {
+        out << indent << text.substr(start, newline - start) << '\n';
+        start = newline + 1;
+    }
+    out << indent << text.substr(start) << '\n';
+}
+
+std::string Label(const CallReport& call) {
+    return call.stage == Stage::validate ? call.point : StageName(call.stage);
+}
+
+void WriteCall(const CallReport& call, size_t label_width, std::ostream& out) {
+    out << Padded(VerdictName(call.verdict), kVerdictWidth);
+    out << (call.keypath.empty() ? Label(call) : Padded(Label(call), label_width) + call.keypath)
+        << '\n';
+    if (call.crash) {
+        WriteIndented("plug-in crashed: " + call.crash->cause, out);
+        if (!call.crash->detail.empty()) {
+            WriteIndented(call.crash->detail, out);
+        }
+    } else if (call.verdict == Verdict::refused) {
+        WriteIndented(call.text.empty() ? "(refused without an error text)" : call.text, out);
+    }
+}
+
+}  // namespace
+
+void WriteTextReport(const RunReport& report, const std::optional<Timing>& timing,
+                     std::ostream& out) {
+    size_t label_width = 0;
+    for (const CallReport& call : report.calls) {
+        label_width = std::max(label_width, Label(call).size() + 2);
+    }
+    for (const CallReport& call : report.calls) {
+        WriteCall(call, label_width, out);
+    }
+    out << report.Summary() << '\n';
+    if (timing) {
+        char line[128];
+        std::snprintf(line, sizeof line, "time: %.1f ms in all, %.1f ms in the plug-in\n",
+                      timing->total_ms, timing->plugin_ms);
+        out << line;
+    }
+}
+
+}  // namespace ipapp_validate
