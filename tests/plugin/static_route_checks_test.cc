@@ -86,6 +86,7 @@ TEST(ValidateStaticRouteLimit, CountsRowsOfBothFamiliesWhateverWasRead) {
 }
 
 TEST(ValidateStaticRoute, RunsBothHalvesAndTheLimitTextWins) {
+    HostLog log;
     Candidate candidate(Interfaces(L3("7", L3IPv4("10.0.0.1/24"))) + ManyRoutes(1001, 0));
     ReadAll(candidate.config(), {kIPv4});
     ValidateConfig checks;
