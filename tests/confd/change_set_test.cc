@@ -126,6 +126,31 @@ TEST_F(Changes, KeypathShapesOfTheHandlers) {
     EXPECT_THROW(confd.datastore().keypath("/config/interface/nosuch"), confdstore::Error);
 }
 
+// The container stays (implicitly) in the candidate; losing its leaf is a
+// change of that instance.
+TEST(ChangesBelowImplicitContainers, ADeletedLeafMarksTheContainerInstance) {
+    ipapp_test::ConfdFixture confd{kRunning, R"(
+<config xmlns="urn:ipapp:yang:device-config"><interface>
+  <l3 xmlns="urn:ipapp:yang:ipapp"><name>5</name>
+    <ipv6><nd><ra><max-interval>600</max-interval></ra></nd></ipv6></l3>
+  <l3 xmlns="urn:ipapp:yang:ipapp"><name>6</name></l3>
+  <mgmt xmlns="urn:ipapp:yang:ipapp"><name>0</name></mgmt>
+</interface></config>
+<internal xmlns="urn:ipapp:yang:metacli-internal">
+  <vrf-config><indexTOstring><n>1</n><vname>a</vname></indexTOstring></vrf-config>
+</internal>)"};
+    const confdstore::ChangeSet changes = confd.datastore().changes();
+    for (const auto& p : ipapp_test::project_schema().validation_points()) {
+        if (p.name != "lower_layer_prot_cross_validation") {
+            continue;
+        }
+        EXPECT_TRUE(changes.fires(p));
+        const auto instances = changes.changed_instances(p);
+        ASSERT_EQ(instances.size(), 1u);
+        EXPECT_EQ(instances[0].path(), "/config/interface/l3{6}/lower-layer-if");
+    }
+}
+
 TEST(ChangesOfEqualConfigurations, NothingFires) {
     ipapp_test::ConfdFixture confd{kRunning, kRunning};
     const confdstore::ChangeSet changes = confd.datastore().changes();
