@@ -1,5 +1,6 @@
 /* Loading configurations: XML and JSON files, and every kind of bad input. */
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <fstream>
@@ -91,6 +92,10 @@ TEST(DataLoad, BadInputIsOneLineNamingTheFile) {
     }
     EXPECT_EQ(load_error("/nonexistent/candidate.xml"),
               "/nonexistent/candidate.xml: cannot read: No such file or directory");
+    const std::string directory = "/tmp/confd-data-dir-" + std::to_string(getpid()) + ".xml";
+    ASSERT_EQ(mkdir(directory.c_str(), 0700), 0);
+    EXPECT_EQ(load_error(directory), directory + ": cannot read: Is a directory");
+    rmdir(directory.c_str());
 }
 
 TEST(DataLoad, TheModelRefusesNothingThePlugInChecks) {
