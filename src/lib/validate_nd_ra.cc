@@ -31,18 +31,16 @@ constexpr const char* kLifetimeTooShort =
 // The minimum interval may be at most this share of the maximum interval.
 constexpr double kMinIntervalRatio = 0.75;
 
-// The ra container of the interface the keypath names: its interface key is
-// element 3 and its interface list's tag element 4.
+// The ra container of an interface.
 struct RaLocation {
     bool mgmt;
     std::string base_path;  // ".../ipv6/nd/ra/", ready for a leaf name
 };
 
-// Builds the location from the keypath; false for an interface kind that has
-// no router advertisement timers (the caller refuses it).
-bool LocateRa(confd_hkeypath_t* keypath, RaLocation& location) {
-    const char* key = reinterpret_cast<const char*>(CONFD_GET_BUFPTR(&keypath->v[3][0]));
-    const u_int32_t list_tag = CONFD_GET_XMLTAG(&keypath->v[4][0]);
+// Builds the location from the interface's key and its list's tag, which a
+// handler takes from the keypath's elements 3 and 4; false for an interface
+// kind that has no router advertisement timers (the caller refuses it).
+bool LocateRa(const char* key, u_int32_t list_tag, RaLocation& location) {
     const char* prefix = nullptr;
     if (list_tag == ipapp_mgmt) {
         prefix = "mgmt{";
@@ -91,8 +89,10 @@ bool NothingToCompare(const Transaction& transaction, const std::string& max_pat
 
 int32_t validate_ipv6_nd_ra_interval(int32_t maapi_sock, confd_trans_ctx* tctx,
                                      confd_hkeypath_t* keypath, confd_value_t*, Config&) {
+    const char* key = reinterpret_cast<const char*>(CONFD_GET_BUFPTR(&keypath->v[3][0]));
+    const u_int32_t list_tag = CONFD_GET_XMLTAG(&keypath->v[4][0]);
     RaLocation ra;
-    if (!LocateRa(keypath, ra)) {
+    if (!LocateRa(key, list_tag, ra)) {
         return Refuse(tctx, kInvalidInterface);
     }
     const std::string max_path = ra.base_path + "max-interval";
@@ -118,8 +118,10 @@ int32_t validate_ipv6_nd_ra_interval(int32_t maapi_sock, confd_trans_ctx* tctx,
 
 int32_t validate_ipv6_nd_ra_lifetime(int32_t maapi_sock, confd_trans_ctx* tctx,
                                      confd_hkeypath_t* keypath, confd_value_t*, Config&) {
+    const char* key = reinterpret_cast<const char*>(CONFD_GET_BUFPTR(&keypath->v[3][0]));
+    const u_int32_t list_tag = CONFD_GET_XMLTAG(&keypath->v[4][0]);
     RaLocation ra;
-    if (!LocateRa(keypath, ra)) {
+    if (!LocateRa(key, list_tag, ra)) {
         return Refuse(tctx, kInvalidInterface);
     }
     const std::string max_path = ra.base_path + "max-interval";

@@ -205,6 +205,15 @@ TEST(Tool, LogFileTakesTheLogLinesAndIsAppendedTo) {
     EXPECT_NE(logged.find("fault: "), logged.rfind("fault: ")) << "two runs, two reports";
 }
 
+// A reader that went away (a pager that quit) does not turn the verdict into
+// a death by SIGPIPE.
+TEST(Tool, ClosedStdoutKeepsTheVerdict) {
+    EXPECT_EQ(
+        RunIpappValidateIntoClosedPipe({"--plugin", TEST_PLUGIN, "--call",
+                                        "p=/config/interface/l3{refuse}", TOOL_TEST_CANDIDATE}),
+        1);
+}
+
 TEST(Tool, NothingFiresWhenRunningEqualsCandidate) {
     const ToolRun run =
         RunIpappValidate({"--running", TOOL_TEST_CANDIDATE, "--timing", TOOL_TEST_CANDIDATE});

@@ -42,11 +42,12 @@ TempDir::~TempDir() {
     std::filesystem::remove_all(path_, ignored);
 }
 
-ToolRun RunIpappValidate(const std::vector<std::string>& arguments,
-                         const std::vector<std::string>& environment) {
-    const TempDir directory;
-    const std::string out_path = directory.Path("stdout");
-    const std::string err_path = directory.Path("stderr");
+namespace {
+
+// Starts the tool with the file actions and returns its exit status, or 128
+// + signal.
+int Spawn(const std::vector<std::string>& arguments, const std::vector<std::string>& environment,
+          const posix_spawn_file_actions_t& actions) {
     std::vector<std::string> argv_text{IPAPP_VALIDATE};
     argv_text.insert(argv_text.end(), arguments.begin(), arguments.end());
     std::vector<char*> argv;
@@ -63,24 +64,48 @@ ToolRun RunIpappValidate(const std::vector<std::string>& arguments,
         envp.push_back(entry.data());
     }
     envp.push_back(nullptr);
+    pid_t pid = 0;
+    if (posix_spawn(&pid, argv[0], &actions, nullptr, argv.data(), envp.data()) != 0) {
+        throw std::runtime_error("cannot start " + argv_text[0]);
+    }
+    int status = 0;
+    waitpid(pid, &status, 0);
+    return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
+}
 
+}  // namespace
+
+ToolRun RunIpappValidate(const std::vector<std::string>& arguments,
+                         const std::vector<std::string>& environment) {
+    const TempDir directory;
+    const std::string out_path = directory.Path("stdout");
+    const std::string err_path = directory.Path("stderr");
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, out_path.c_str(),
                                      O_WRONLY | O_CREAT | O_TRUNC, 0600);
     posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, err_path.c_str(),
                                      O_WRONLY | O_CREAT | O_TRUNC, 0600);
-    pid_t pid = 0;
-    const int spawned = posix_spawn(&pid, argv[0], &actions, nullptr, argv.data(), envp.data());
-    posix_spawn_file_actions_destroy(&actions);
-    if (spawned != 0) {
-        throw std::runtime_error("cannot start " + argv_text[0]);
-    }
-    int status = 0;
-    waitpid(pid, &status, 0);
     ToolRun run;
-    run.status = WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
+    run.status = Spawn(arguments, environment, actions);
+    posix_spawn_file_actions_destroy(&actions);
     run.out = ReadFile(out_path);
     run.err = ReadFile(err_path);
     return run;
+}
+
+int RunIpappValidateIntoClosedPipe(const std::vector<std::string>& arguments) {
+    int fds[2];
+    if (pipe(fds) != 0) {
+        throw std::runtime_error("pipe failed");
+    }
+    close(fds[0]);
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_adddup2(&actions, fds[1], STDOUT_FILENO);
+    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    const int status = Spawn(arguments, {}, actions);
+    posix_spawn_file_actions_destroy(&actions);
+    close(fds[1]);
+    return status;
 }

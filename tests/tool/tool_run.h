@@ -17,6 +17,9 @@ struct ToolRun {
 ToolRun RunIpappValidate(const std::vector<std::string>& arguments,
                          const std::vector<std::string>& environment = {});
 
+// The exit status of a run whose stdout is a pipe nobody reads.
+int RunIpappValidateIntoClosedPipe(const std::vector<std::string>& arguments);
+
 std::string ReadFile(const std::string& path);
 
 // A fresh directory, removed with everything in it at the end of its scope.
