@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "confd_datastore.h"
+#include "ipapp_test_support/scratch_directory.h"
 #include "velconfd_cdb_session_base.h"
 #include "velconfd_interface.h"
 
@@ -52,11 +53,9 @@ class CdbSessionTest : public testing::Test {
     static constexpr uint16_t kIdlePort = 4566;
 
     void SetUp() override {
-        directory_ = std::filesystem::path(testing::TempDir()) / "host-cdb-session";
-        std::filesystem::create_directories(directory_);
-        std::ofstream(directory_ / "host-session.yang") << kModule;
-        datastore_ =
-            std::make_unique<confdstore::Datastore>(confdstore::Schema::load(directory_.string()));
+        std::ofstream(directory_.path() / "host-session.yang") << kModule;
+        datastore_ = std::make_unique<confdstore::Datastore>(
+            confdstore::Schema::load(directory_.path().string()));
         datastore_->set_running(config_with_vlan(kRunningVlan), confdstore::DataFormat::xml,
                                 "running");
         datastore_->set_candidate(config_with_vlan(kRunningVlan + 1), confdstore::DataFormat::xml,
@@ -66,13 +65,11 @@ class CdbSessionTest : public testing::Test {
             datastore_->serve(reinterpret_cast<const sockaddr*>(&address), sizeof address);
     }
 
-    void TearDown() override { std::filesystem::remove_all(directory_); }
-
     VelConfdInterface served_{agent_address(kServedPort)};
     VelConfdInterface idle_{agent_address(kIdlePort)};
 
   private:
-    std::filesystem::path directory_;
+    ipapp_test::ScratchDirectory directory_;
     std::unique_ptr<confdstore::Datastore> datastore_;
     confdstore::Registration registration_;
 };

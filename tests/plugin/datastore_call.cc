@@ -7,6 +7,8 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "ipapp_test_support/scratch_directory.h"
+
 namespace plugin_test {
 
 namespace {
@@ -45,19 +47,14 @@ confd_hkeypath_t ListKeypath(u_int32_t list_tag) {
 }
 
 confdstore::Schema SchemaOf(const std::string& module_name, const std::string& yang) {
-    static int schemas = 0;
-    const std::filesystem::path directory =
-        std::filesystem::path(testing::TempDir()) / ("schema-" + std::to_string(++schemas));
-    std::filesystem::remove_all(directory);
-    std::filesystem::create_directories(directory);
+    const ipapp_test::ScratchDirectory scratch;
+    const std::filesystem::path& directory = scratch.path();
     for (const char* types_module : {"ipapp-extensions.yang", "ipapp-types.yang"}) {
         std::filesystem::copy_file(std::filesystem::path(ipapp_test::yang_dir()) / types_module,
                                    directory / types_module);
     }
     std::ofstream(directory / (module_name + ".yang")) << yang;
-    confdstore::Schema schema = confdstore::Schema::load(directory.string());
-    std::filesystem::remove_all(directory);
-    return schema;
+    return confdstore::Schema::load(directory.string());
 }
 
 DatastoreCall::DatastoreCall(const std::string& running_xml, const std::string& candidate_xml)
