@@ -14,8 +14,8 @@
 namespace ipapp_validate {
 namespace {
 
-[[noreturn]] void ThrowSystemError(const char* what) {
-    throw std::system_error(errno, std::generic_category(), what);
+[[noreturn]] void ThrowSystemError(const char* what, int error = errno) {
+    throw std::system_error(error, std::generic_category(), what);
 }
 
 struct Pipe {
@@ -147,6 +147,7 @@ ChildRun RunInChild(const std::function<int(int record_fd)>& work, LogRelay& rel
     }
     std::fflush(nullptr);
     const pid_t pid = fork();
+    const int fork_error = errno;
     if (pid == 0) {
         BecomeChild(records, output, work);
     }
@@ -155,7 +156,7 @@ ChildRun RunInChild(const std::function<int(int record_fd)>& work, LogRelay& rel
     if (pid < 0) {
         CloseFd(records.read);
         CloseFd(output.read);
-        ThrowSystemError("cannot start the plug-in's process");
+        ThrowSystemError("cannot start the plug-in's process", fork_error);
     }
     ChildGuard child(pid);
     ChildRun run;
