@@ -4,7 +4,8 @@
 # running configuration with ipapp-validate. Each candidate-NAME.xml has a
 # candidate-NAME.expected: the verdict on the first line (accepted, refused
 # or crashed), then the exact text the plug-in gives. A refused example that
-# prints its expected text is a success of this script.
+# prints its expected text is a success of this script. BUILD_DIR chooses
+# another build directory than build/.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 ./scripts/install-deps.sh
