@@ -8,7 +8,7 @@ namespace {
 
 using Setter = std::function<void(Options&, const std::string&)>;
 
-struct OptionSpec {
+struct OptionDefinition {
     const char* name;      // without the leading "--"
     const char* argument;  // nullptr: a flag
     const char* help;
@@ -43,8 +43,8 @@ ExplicitCall ParseCall(const std::string& value) {
     return ExplicitCall{value.substr(0, equals), value.substr(equals + 1)};
 }
 
-const std::vector<OptionSpec>& Specs() {
-    static const std::vector<OptionSpec> specs = {
+const std::vector<OptionDefinition>& OptionTable() {
+    static const std::vector<OptionDefinition> table = {
         {"candidate", "FILE", "the candidate configuration (or give FILE as the only argument)",
          [](Options& o, const std::string& v) { SetOnce(o.candidate_file, v, "candidate"); }},
         {"running", "FILE", "the running configuration (default: empty)",
@@ -76,13 +76,13 @@ const std::vector<OptionSpec>& Specs() {
         {"version", nullptr, "show the version and exit",
          [](Options& o, const std::string&) { o.version = true; }},
     };
-    return specs;
+    return table;
 }
 
-const OptionSpec& FindSpec(const std::string& name) {
-    for (const OptionSpec& spec : Specs()) {
-        if (name == spec.name) {
-            return spec;
+const OptionDefinition& FindOption(const std::string& name) {
+    for (const OptionDefinition& option : OptionTable()) {
+        if (name == option.name) {
+            return option;
         }
     }
     throw UsageError("unknown option '--" + name + "'");
@@ -130,18 +130,18 @@ Options ParseOptions(const std::vector<std::string>& arguments) {
             throw UsageError("unknown option '" + argument + "'");
         }
         const size_t equals = argument.find('=');
-        const OptionSpec& spec = FindSpec(argument.substr(2, equals - 2));
-        if (spec.argument == nullptr) {
+        const OptionDefinition& option = FindOption(argument.substr(2, equals - 2));
+        if (option.argument == nullptr) {
             if (equals != std::string::npos) {
                 throw UsageError(argument.substr(0, equals) + " takes no value");
             }
-            spec.set(options, "");
+            option.set(options, "");
         } else if (equals != std::string::npos) {
-            spec.set(options, argument.substr(equals + 1));
+            option.set(options, argument.substr(equals + 1));
         } else if (i + 1 < arguments.size()) {
-            spec.set(options, arguments[++i]);
+            option.set(options, arguments[++i]);
         } else {
-            throw UsageError(argument + " needs a value: " + spec.argument);
+            throw UsageError(argument + " needs a value: " + option.argument);
         }
     }
     CheckCombination(options);
@@ -156,12 +156,12 @@ std::string HelpText() {
             "running and candidate fire, in the model's order; the first refusal ends the\n"
             "run, as a commit would. Configurations are XML (.xml) or JSON (.json).\n"
             "\nOptions:\n";
-    for (const OptionSpec& spec : Specs()) {
-        std::string head = std::string("  --") + spec.name;
-        if (spec.argument != nullptr) {
-            head += std::string(" ") + spec.argument;
+    for (const OptionDefinition& option : OptionTable()) {
+        std::string head = std::string("  --") + option.name;
+        if (option.argument != nullptr) {
+            head += std::string(" ") + option.argument;
         }
-        text << head << "\n      " << spec.help << "\n";
+        text << head << "\n      " << option.help << "\n";
     }
     text << "  -h  the same as --help\n"
             "\nFault reports (\"fault: \") and debug lines (\"debug: \") of the plug-in go to\n"
