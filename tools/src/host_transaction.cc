@@ -22,9 +22,8 @@ sockaddr_in AgentAddress() {
     return address;
 }
 
-[[noreturn]] void Fail(const char* step) {
-    throw InputError(std::string("cannot set up the validation transaction: ") + step + ": " +
-                     confd_lasterr());
+[[noreturn]] void Fail(const std::string& reason) {
+    throw InputError("cannot set up the validation transaction: " + reason);
 }
 
 }  // namespace
@@ -35,19 +34,25 @@ HostTransaction::HostTransaction(const confdstore::Datastore& datastore)
     registration_ = datastore.serve(reinterpret_cast<const sockaddr*>(&address), sizeof address);
     maapi_sock_ = socket(PF_INET, SOCK_STREAM, 0);
     if (maapi_sock_ < 0) {
-        throw InputError("cannot set up the validation transaction: no socket");
+        Fail("no socket");
     }
     if (maapi_connect(maapi_sock_, reinterpret_cast<const sockaddr*>(&address), sizeof address) !=
         CONFD_OK) {
+        const std::string reason = std::string("maapi_connect: ") + confd_lasterr();
         close(maapi_sock_);
-        Fail("maapi_connect");
+        Fail(reason);
     }
+    // From here on maapi_close releases the socket.
     tctx_.thandle = maapi_start_trans(maapi_sock_, CONFD_CANDIDATE, CONFD_READ);
-    host_state_ = tctx_.thandle < 0 ? nullptr : velconfd_create(&instance_, maapi_sock_);
+    if (tctx_.thandle < 0) {
+        const std::string reason = std::string("maapi_start_trans: ") + confd_lasterr();
+        maapi_close(maapi_sock_);
+        Fail(reason);
+    }
+    host_state_ = velconfd_create(&instance_, maapi_sock_);
     if (host_state_ == nullptr) {
         maapi_close(maapi_sock_);
-        close(maapi_sock_);
-        Fail("maapi_start_trans");
+        Fail("out of memory");
     }
     tctx_.dbname = CONFD_CANDIDATE;
     tctx_.mode = CONFD_READ;
@@ -59,7 +64,6 @@ HostTransaction::~HostTransaction() {
     velconfd_destroy(host_state_);
     maapi_finish_trans(maapi_sock_, tctx_.thandle);
     maapi_close(maapi_sock_);
-    close(maapi_sock_);
 }
 
 }  // namespace ipapp_validate

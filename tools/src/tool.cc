@@ -5,7 +5,6 @@
 
 #include <chrono>
 #include <cstdio>
-#include <iostream>
 #include <sstream>
 
 #include "bundled_files.h"
@@ -64,8 +63,40 @@ double Milliseconds(Clock::duration duration) {
     return std::chrono::duration<double, std::milli>(duration).count();
 }
 
-// Loads everything, runs the plug-in's calls in one child process and
-// writes the report. Bad input throws before anything reaches stdout.
+// The plug-in's calls in one child process, and what they came to.
+RunReport RunPlugin(const Options& options, const confdstore::Datastore& datastore,
+                    std::vector<PlannedCall>& plan, const PluginLibrary& plugin, FILE* log) {
+    HostTransaction transaction(datastore);
+    velmw_log_set_debug_enabled(options.debug ? 1 : 0);
+    LogRelay relay(log);
+    PluginSession session(plugin.entry_points(), transaction, plan, options.keep_going);
+    const ChildRun child =
+        RunInChild([&session](int record_fd) { return session.Run(record_fd) ? 0 : 1; }, relay);
+    RunReport report =
+        MakeRunReport(child, relay.other_lines(), LabelsOf(plan), options.keep_going);
+    if (report.verdict != Verdict::crashed) {
+        relay.ReleaseOtherLines();
+    }
+    return report;
+}
+
+void WriteReport(const Options& options, const RunReport& report, Clock::time_point start) {
+    std::optional<Timing> timing;
+    if (options.timing) {
+        timing = Timing{Milliseconds(Clock::now() - start),
+                        static_cast<double>(report.plugin_nanoseconds) / 1e6};
+    }
+    std::ostringstream out;
+    if (options.format == OutputFormat::json) {
+        WriteJsonReport(report, timing, out);
+    } else {
+        WriteTextReport(report, timing, out);
+    }
+    WriteStdout(out.str());
+}
+
+// Loads everything, runs the plug-in and writes the report. Bad input throws
+// before anything reaches stdout.
 int Validate(const Options& options, Clock::time_point start) {
     const confdstore::Schema schema = confdstore::Schema::load(
         options.yang_dir.empty() ? BundledYangDirectory() : options.yang_dir);
@@ -80,31 +111,8 @@ int Validate(const Options& options, Clock::time_point start) {
     const LogFile log(options.log_file);
     const PluginLibrary plugin(options.plugin_path.empty() ? BundledPlugin() : options.plugin_path);
     std::vector<PlannedCall> plan = Plan(options, points, datastore);
-    HostTransaction transaction(datastore);
-    velmw_log_set_debug_enabled(options.debug ? 1 : 0);
-
-    LogRelay relay(log.stream());
-    PluginSession session(plugin.entry_points(), transaction, plan, options.keep_going);
-    const ChildRun child =
-        RunInChild([&session](int record_fd) { return session.Run(record_fd) ? 0 : 1; }, relay);
-    const RunReport report =
-        MakeRunReport(child, relay.other_lines(), LabelsOf(plan), options.keep_going);
-    if (report.verdict != Verdict::crashed) {
-        relay.ReleaseOtherLines();
-    }
-
-    std::optional<Timing> timing;
-    if (options.timing) {
-        timing = Timing{Milliseconds(Clock::now() - start),
-                        static_cast<double>(report.plugin_nanoseconds) / 1e6};
-    }
-    std::ostringstream out;
-    if (options.format == OutputFormat::json) {
-        WriteJsonReport(report, timing, out);
-    } else {
-        WriteTextReport(report, timing, out);
-    }
-    WriteStdout(out.str());
+    const RunReport report = RunPlugin(options, datastore, plan, plugin, log.stream());
+    WriteReport(options, report, start);
     return ExitCode(report.verdict);
 }
 
