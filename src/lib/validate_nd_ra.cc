@@ -9,17 +9,18 @@
 #include <cstring>
 #include <string>
 
+#include "invalid_interface_text.h"
 #include "ip_app_valid.h"
 #include "ip_app_valid/validate_logger.h"
 #include "transaction_context.h"
 
 using ip_application::config_valid::Config;
+using ip_application::config_valid::kInvalidInterfaceText;
 using ip_application::config_valid::TransactionHandle;
 using ip_application::config_valid::ValidateLogger;
 
 namespace {
 
-constexpr const char* kInvalidInterface = "invalid interface being handled by IP-App validation";
 constexpr const char* kNoMaxInterval = "fail to get maximum router advertisement interval value";
 constexpr const char* kNoMinInterval = "fail to get minimum router advertisement interval value";
 constexpr const char* kNoLifetime = "fail to get router advertisement lifetime value";
@@ -31,34 +32,10 @@ constexpr const char* kLifetimeTooShort =
 // The minimum interval may be at most this share of the maximum interval.
 constexpr double kMinIntervalRatio = 0.75;
 
-// The ra container of an interface.
-struct RaLocation {
-    bool mgmt;
-    std::string base_path;  // ".../ipv6/nd/ra/", ready for a leaf name
-};
-
-// Builds the location from the interface's key and its list's tag, which a
-// handler takes from the keypath's elements 3 and 4; false for an interface
-// kind that has no router advertisement timers (the caller refuses it).
-bool LocateRa(const char* key, u_int32_t list_tag, RaLocation& location) {
-    const char* prefix = nullptr;
-    if (list_tag == ipapp_mgmt) {
-        prefix = "mgmt{";
-    } else if (list_tag == ipapp_l3) {
-        prefix = "l3{";
-    } else {
-        return false;
-    }
-    location.mgmt = list_tag == ipapp_mgmt;
-    location.base_path = std::string("/config/interface/") + prefix +
-                         std::string(key, std::strlen(key)) + "}/ipv6/nd/ra/";
-    return true;
-}
-
 // The MAAPI session the handler reads the transaction through.
 struct Transaction {
-    int32_t sock;
-    int thandle;
+    int32_t sock = -1;
+    int thandle = -1;
 
     bool Exists(const std::string& path) const {
         return maapi_exists(sock, thandle, "%s", path.c_str()) == 1;
@@ -73,15 +50,57 @@ int32_t Refuse(confd_trans_ctx* tctx, const char* text) {
     return -1;
 }
 
-// True when neither timer exists; the rule then has nothing to compare and
-// says so in the debug log.
-bool NothingToCompare(const Transaction& transaction, const std::string& max_path,
-                      const std::string& other_path) {
-    if (transaction.Exists(max_path) || transaction.Exists(other_path)) {
+// The ra container's path of the interface with this key in the list with
+// this tag, ready for a leaf name; "" for an interface kind that has no
+// router advertisement timers.
+std::string RaPath(const char* key, u_int32_t list_tag) {
+    const char* prefix = nullptr;
+    if (list_tag == ipapp_mgmt) {
+        prefix = "mgmt{";
+    } else if (list_tag == ipapp_l3) {
+        prefix = "l3{";
+    } else {
+        return std::string();
+    }
+    return std::string("/config/interface/") + prefix + std::string(key, std::strlen(key)) +
+           "}/ipv6/nd/ra/";
+}
+
+// What both rules read first: the maximum interval, and where the timer to
+// compare it with is.
+struct RaTimers {
+    Transaction transaction;
+    bool mgmt = false;
+    std::string other_path;
+    u_int16_t max_interval = 0;
+};
+
+// Locates the timers of the interface the keypath's elements 3 (key) and 4
+// (list tag) name, skips the rule with a debug line when neither the maximum
+// interval nor the other timer exists, and reads the maximum interval.
+// Returns true when the rule goes on; otherwise result is the handler's
+// answer.
+bool StartRule(int32_t maapi_sock, confd_trans_ctx* tctx, const char* key, u_int32_t list_tag,
+               const char* other_leaf, RaTimers& timers, int32_t& result) {
+    const std::string ra_path = RaPath(key, list_tag);
+    if (ra_path.empty()) {
+        result = Refuse(tctx, kInvalidInterfaceText);
         return false;
     }
-    ValidateLogger::Log("There is no path for '%s' and '%s'. Skipping validation ...",
-                        max_path.c_str(), other_path.c_str());
+    timers.transaction = Transaction{maapi_sock, TransactionHandle(*tctx)};
+    timers.mgmt = list_tag == ipapp_mgmt;
+    timers.other_path = ra_path + other_leaf;
+    const std::string max_path = ra_path + "max-interval";
+    if (!timers.transaction.Exists(max_path) && !timers.transaction.Exists(timers.other_path)) {
+        ValidateLogger::Log("There is no path for '%s' and '%s'. Skipping validation ...",
+                            max_path.c_str(), timers.other_path.c_str());
+        result = 0;
+        return false;
+    }
+    if (!timers.transaction.ReadU16(max_path, timers.max_interval)) {
+        result = Refuse(tctx, kNoMaxInterval);
+        return false;
+    }
     return true;
 }
 
@@ -91,26 +110,18 @@ int32_t validate_ipv6_nd_ra_interval(int32_t maapi_sock, confd_trans_ctx* tctx,
                                      confd_hkeypath_t* keypath, confd_value_t*, Config&) {
     const char* key = reinterpret_cast<const char*>(CONFD_GET_BUFPTR(&keypath->v[3][0]));
     const u_int32_t list_tag = CONFD_GET_XMLTAG(&keypath->v[4][0]);
-    RaLocation ra;
-    if (!LocateRa(key, list_tag, ra)) {
-        return Refuse(tctx, kInvalidInterface);
-    }
-    const std::string max_path = ra.base_path + "max-interval";
-    const std::string min_path = ra.base_path + "min-interval";
-    const Transaction transaction{maapi_sock, TransactionHandle(*tctx)};
-    if (NothingToCompare(transaction, max_path, min_path)) {
-        return 0;
-    }
-    u_int16_t max_interval = 0;
-    if (!transaction.ReadU16(max_path, max_interval)) {
-        return Refuse(tctx, kNoMaxInterval);
+    RaTimers timers;
+    int32_t result = 0;
+    if (!StartRule(maapi_sock, tctx, key, list_tag, "min-interval", timers, result)) {
+        return result;
     }
     u_int16_t min_interval = 0;
-    if (!transaction.ReadU16(min_path, min_interval)) {
+    if (!timers.transaction.ReadU16(timers.other_path, min_interval)) {
         return Refuse(tctx, kNoMinInterval);
     }
     // Exactly three quarters of the maximum passes: no rounding either way.
-    if (static_cast<double>(min_interval) > static_cast<double>(max_interval) * kMinIntervalRatio) {
+    if (static_cast<double>(min_interval) >
+        static_cast<double>(timers.max_interval) * kMinIntervalRatio) {
         return Refuse(tctx, kIntervalTooLong);
     }
     return 0;
@@ -120,31 +131,22 @@ int32_t validate_ipv6_nd_ra_lifetime(int32_t maapi_sock, confd_trans_ctx* tctx,
                                      confd_hkeypath_t* keypath, confd_value_t*, Config&) {
     const char* key = reinterpret_cast<const char*>(CONFD_GET_BUFPTR(&keypath->v[3][0]));
     const u_int32_t list_tag = CONFD_GET_XMLTAG(&keypath->v[4][0]);
-    RaLocation ra;
-    if (!LocateRa(key, list_tag, ra)) {
-        return Refuse(tctx, kInvalidInterface);
-    }
-    const std::string max_path = ra.base_path + "max-interval";
-    const std::string lifetime_path = ra.base_path + "lifetime";
-    const Transaction transaction{maapi_sock, TransactionHandle(*tctx)};
-    if (NothingToCompare(transaction, max_path, lifetime_path)) {
-        return 0;
-    }
-    u_int16_t max_interval = 0;
-    if (!transaction.ReadU16(max_path, max_interval)) {
-        return Refuse(tctx, kNoMaxInterval);
+    RaTimers timers;
+    int32_t result = 0;
+    if (!StartRule(maapi_sock, tctx, key, list_tag, "lifetime", timers, result)) {
+        return result;
     }
     // The management interface's lifetime is deliberately left unchecked.
-    if (ra.mgmt) {
+    if (timers.mgmt) {
         return 0;
     }
     u_int16_t lifetime = 0;
-    if (!transaction.ReadU16(lifetime_path, lifetime)) {
+    if (!timers.transaction.ReadU16(timers.other_path, lifetime)) {
         return Refuse(tctx, kNoLifetime);
     }
     // 0 means "not a default router"; any other lifetime must outlast the
     // maximum interval, and equal is not enough.
-    if (lifetime == 0 || max_interval < lifetime) {
+    if (lifetime == 0 || timers.max_interval < lifetime) {
         return 0;
     }
     return Refuse(tctx, kLifetimeTooShort);
