@@ -1,55 +1,13 @@
 #include "config_generator.h"
 
-#include <cstdio>
-#include <fstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "config_xml.h"
+
 namespace ipapp_bench {
 namespace {
-
-// Writes XML elements and counts them: every element is one data node.
-class XmlWriter {
-  public:
-    explicit XmlWriter(std::string& out) : out_(out) {}
-
-    void Open(const std::string& name, const char* ns = nullptr) {
-        out_ += '<' + name;
-        if (ns != nullptr) {
-            out_ += std::string(" xmlns=\"") + ns + '"';
-        }
-        out_ += '>';
-        open_.push_back(name);
-        ++nodes_;
-    }
-    void Close() {
-        out_ += "</" + open_.back() + ">\n";
-        open_.pop_back();
-    }
-    void Leaf(const std::string& name, const std::string& value) {
-        out_ += '<' + name + '>' + value + "</" + name + ">\n";
-        ++nodes_;
-    }
-    size_t nodes() const { return nodes_; }
-
-  private:
-    std::string& out_;
-    std::vector<std::string> open_;
-    size_t nodes_ = 0;
-};
-
-constexpr const char* kDeviceNs = "urn:ipapp:yang:device-config";
-constexpr const char* kIpappNs = "urn:ipapp:yang:ipapp";
-constexpr const char* kRtmNs = "urn:ipapp:yang:DC-RTM-MIB";
-constexpr const char* kInternalNs = "urn:ipapp:yang:metacli-internal";
-constexpr size_t kVrfs = 16;
-
-std::string Format(const char* format, size_t a, size_t b = 0, size_t c = 0) {
-    char text[128];
-    std::snprintf(text, sizeof text, format, a, b, c);
-    return text;
-}
 
 // What a commit changes in one unit.
 struct UnitEdit {
@@ -70,7 +28,7 @@ void Interface(XmlWriter& xml, size_t i, const UnitEdit& edit) {
     xml.Open("l3", kIpappNs);
     xml.Leaf("name", Name(i));
     if (i % 4 == 3) {
-        xml.Leaf("vrf", Format("vrf%zu", i % kVrfs + 1));
+        xml.Leaf("vrf", VrfName(i % kVrfs + 1));
     }
     xml.Open("ipv4");
     xml.Open("address");
@@ -102,15 +60,6 @@ void Interface(XmlWriter& xml, size_t i, const UnitEdit& edit) {
     xml.Close();
 }
 
-struct Route {
-    size_t vrf;  // the VRF's component identifier; 0 is the global VRF
-    bool ipv6;
-    size_t fte;
-    std::string destination;
-    int prefix;
-    std::string next_hop;
-};
-
 // Every eighth unit's routes are in the global VRF, the others in one of
 // the VRFs.
 std::vector<Route> RoutesOf(size_t i, const UnitEdit& edit) {
@@ -129,28 +78,6 @@ std::vector<Route> RoutesOf(size_t i, const UnitEdit& edit) {
                           Format("20:01:0d:b8:%02zx:%02zx:00:00:00:00:00:00:00:00:00:fe", a, b)});
     }
     return routes;
-}
-
-void RouteEntry(XmlWriter& xml, const Route& route) {
-    xml.Open("rtmStaticRtEntry");
-    xml.Leaf("rtmStaticRtVrfCmpntId", std::to_string(route.vrf));
-    xml.Leaf("rtmStaticRtDestAddrType", route.ipv6 ? "ipv6" : "ipv4");
-    xml.Leaf("rtmStaticRtDestAddr", route.destination);
-    xml.Leaf("rtmStaticRtDestPrefixLen", std::to_string(route.prefix));
-    xml.Leaf("rtmStaticRtFteIndex", std::to_string(route.fte));
-    xml.Leaf("rtmStaticRtNextHop", route.next_hop);
-    xml.Leaf("rtmStaticRtPreference", "1");
-    xml.Close();
-}
-
-void GlobalRow(XmlWriter& xml, const Route& route, size_t i) {
-    xml.Open("rtmStaticRtEntry-global", kRtmNs);
-    xml.Leaf("index", std::to_string(route.fte));
-    xml.Leaf("destination", route.destination);
-    xml.Leaf("prefix-len", std::to_string(route.prefix));
-    xml.Leaf("next-hop", route.next_hop);
-    xml.Leaf("interface-name", "l3-" + Name(i));
-    xml.Close();
 }
 
 // OSPFv2 runs on every IPv4 address of the interface, OSPFv3 on the
@@ -217,7 +144,7 @@ size_t Configuration(std::string& out, size_t units, const std::vector<UnitEdit>
     for (size_t i = 0; i < units; ++i) {
         for (const Route& route : RoutesOf(i, edits[i])) {
             if (route.vrf == 0) {
-                GlobalRow(xml, route, i);
+                OutputInterfaceRow(xml, route, "l3-" + Name(i));
             }
         }
     }
@@ -230,24 +157,9 @@ size_t Configuration(std::string& out, size_t units, const std::vector<UnitEdit>
     xml.Leaf("proc_id", "1");
     xml.Leaf("vrf_name", "global");
     xml.Close();
-    xml.Open("vrf-config");
-    for (size_t n = 1; n <= kVrfs; ++n) {
-        xml.Open("indexTOstring");
-        xml.Leaf("n", std::to_string(n));
-        xml.Leaf("vname", Format("vrf%zu", n));
-        xml.Close();
-    }
-    xml.Close();
+    VrfNames(xml);
     xml.Close();
     return xml.nodes();
-}
-
-void WriteFile(const std::string& path, const std::string& text) {
-    std::ofstream file(path, std::ios::binary);
-    file << text;
-    if (!file.flush()) {
-        throw std::runtime_error(path + ": cannot write");
-    }
 }
 
 }  // namespace
