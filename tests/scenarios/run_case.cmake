@@ -10,6 +10,9 @@
 # ARGS_FILE: further options for the tool, one per line.
 # EXPECTED_LOG: lines that must each stand whole among the tool's stderr
 # lines (fault reports, debug lines).
+# GENERATE_FILE: options of GENERATOR's device mode, one per line; when the
+# file exists the candidate is generated into GENERATED, followed by the
+# text of CANDIDATE (XML) when one is given.
 cmake_minimum_required(VERSION 3.25)
 
 foreach(required TOOL CANDIDATE EXPECTED)
@@ -70,6 +73,20 @@ function(first_text out report)
     endif()
     set(${out} "${text}" PARENT_SCOPE)
 endfunction()
+
+if(DEFINED GENERATE_FILE AND EXISTS "${GENERATE_FILE}")
+    file(STRINGS "${GENERATE_FILE}" generate_options)
+    execute_process(COMMAND ${GENERATOR} --device=${GENERATED} ${generate_options}
+        OUTPUT_QUIET ERROR_VARIABLE generate_error RESULT_VARIABLE generate_status)
+    if(NOT generate_status EQUAL 0)
+        message(FATAL_ERROR "${GENERATE_FILE}: ${generate_error}")
+    endif()
+    if(NOT CANDIDATE STREQUAL "")
+        file(READ "${CANDIDATE}" fragment)
+        file(APPEND "${GENERATED}" "${fragment}")
+    endif()
+    set(CANDIDATE "${GENERATED}")
+endif()
 
 set(command ${TOOL} --format json)
 if(DEFINED RUNNING AND NOT RUNNING STREQUAL "")
