@@ -3,20 +3,18 @@
 // process of its own. The time a run spends inside the plug-in (which the
 // tool reports with --timing) is taken out: the manual time is the tool's own
 // work. Counters: the data nodes of each file, the tool's own time, the
-// plug-in's time, libyang's time and their ratio.
+// plug-in's time, libyang's time and their ratio. Also the tool on one
+// device's configuration at growing sizes.
 #include <benchmark/benchmark.h>
 #include <stdlib.h>
 #include <sys/wait.h>
 
 #include <chrono>
 #include <cstdio>
-#include <filesystem>
-#include <map>
-#include <memory>
 #include <stdexcept>
 #include <string>
 
-#include "config_generator.h"
+#include "generated_files.h"
 
 namespace {
 
@@ -57,29 +55,9 @@ double JsonNumber(const std::string& json, const std::string& member) {
     return std::strtod(json.c_str() + at + member.size() + 4, nullptr);
 }
 
-// One generated pair per size, written once and removed at exit.
-const ipapp_bench::GeneratedPair& PairOf(size_t units) {
-    struct Generated {
-        std::string directory;
-        ipapp_bench::GeneratedPair pair;
-        ~Generated() { std::filesystem::remove_all(directory); }
-    };
-    static std::map<size_t, std::unique_ptr<Generated>> pairs;
-    auto& generated = pairs[units];
-    if (!generated) {
-        char directory[] = "/tmp/ipapp-bench-XXXXXX";
-        if (mkdtemp(directory) == nullptr) {
-            throw std::runtime_error("mkdtemp failed");
-        }
-        generated = std::make_unique<Generated>();
-        generated->directory = directory;
-        generated->pair = ipapp_bench::WriteConfigPair(directory, units);
-    }
-    return generated->pair;
-}
-
 void ToolAgainstLibyang(benchmark::State& state) {
-    const ipapp_bench::GeneratedPair& pair = PairOf(static_cast<size_t>(state.range(0)));
+    const ipapp_bench::GeneratedPair& pair =
+        ipapp_bench::PairOf(static_cast<size_t>(state.range(0)));
     const std::string tool = Quoted(IPAPP_VALIDATE) + " --format json --timing --running " +
                              Quoted(pair.running_file) + " " + Quoted(pair.candidate_file);
     const std::string libyang = Quoted(LY_PARSE_VALIDATE) + " " + Quoted(IPAPP_YANG_DIR) + " " +
@@ -111,6 +89,43 @@ void ToolAgainstLibyang(benchmark::State& state) {
     state.counters["libyang_ms"] = baseline / runs * 1000;
     state.counters["ratio"] = own / baseline;
 }
+
+// The tool end to end on a device's whole configuration as its first commit
+// (no running configuration, so every point fires) at 1, 4 and 16 times the
+// device at its limits. --keep-going runs every point past the refusals of
+// the larger sizes (too many l3 interfaces, too many routes). The manual time
+// is the run's wall time. Counters: the file's nodes, the calls fired, the
+// plug-in's time.
+void ToolOnDevice(benchmark::State& state) {
+    const ipapp_bench::GeneratedDevice& device =
+        ipapp_bench::DeviceOfScale(static_cast<size_t>(state.range(0)));
+    const std::string tool = Quoted(IPAPP_VALIDATE) +
+                             " --format json --timing --keep-going --no-debug " +
+                             Quoted(device.file);
+    double plugin = 0;
+    double calls = 0;
+    for (auto _ : state) {
+        const Timed run = RunTimed(tool);
+        if (run.status > 1) {
+            state.SkipWithError("the tool failed");
+            return;
+        }
+        state.SetIterationTime(run.seconds);
+        plugin += JsonNumber(run.out, "plugin_ms") / 1000;
+        calls = JsonNumber(run.out, "fired");
+    }
+    state.counters["nodes"] = static_cast<double>(device.nodes);
+    state.counters["calls"] = calls;
+    state.counters["plugin_ms"] = plugin / static_cast<double>(state.iterations()) * 1000;
+}
+
+BENCHMARK(ToolOnDevice)
+    ->Arg(1)
+    ->Arg(4)
+    ->Arg(16)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(3);
 
 // Units of about 78 nodes: 50k, 250k and 500k nodes in each file.
 BENCHMARK(ToolAgainstLibyang)

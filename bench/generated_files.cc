@@ -1,0 +1,66 @@
+#include "generated_files.h"
+
+#include <stdlib.h>
+
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <stdexcept>
+
+#include "device_generator.h"
+
+namespace ipapp_bench {
+namespace {
+
+class ScratchDirectory {
+  public:
+    ScratchDirectory() {
+        char name[] = "/tmp/ipapp-bench-XXXXXX";
+        if (mkdtemp(name) == nullptr) {
+            throw std::runtime_error("mkdtemp failed");
+        }
+        path_ = name;
+    }
+    ~ScratchDirectory() { std::filesystem::remove_all(path_); }
+    ScratchDirectory(const ScratchDirectory&) = delete;
+    ScratchDirectory& operator=(const ScratchDirectory&) = delete;
+
+    const std::string& path() const { return path_; }
+
+  private:
+    std::string path_;
+};
+
+// What write(directory) made for key, made on the first request.
+template <typename Result, typename Write>
+const Result& Generated(size_t key, Write write) {
+    struct Files {
+        ScratchDirectory directory;
+        Result result;
+    };
+    static std::map<size_t, std::unique_ptr<Files>> made;
+    std::unique_ptr<Files>& files = made[key];
+    if (!files) {
+        files = std::make_unique<Files>();
+        files->result = write(files->directory.path());
+    }
+    return files->result;
+}
+
+}  // namespace
+
+const GeneratedPair& PairOf(size_t units) {
+    return Generated<GeneratedPair>(
+        units, [units](const std::string& directory) { return WriteConfigPair(directory, units); });
+}
+
+const GeneratedDevice& DeviceOfScale(size_t factor) {
+    return Generated<GeneratedDevice>(factor, [factor](const std::string& directory) {
+        GeneratedDevice device;
+        device.file = directory + "/device.xml";
+        device.nodes = WriteDevice(device.file, ScaledDevice(factor));
+        return device;
+    });
+}
+
+}  // namespace ipapp_bench

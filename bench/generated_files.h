@@ -1,0 +1,25 @@
+// The generated configurations the benchmarks run on, written once per
+// process into a scratch directory of their own that is removed at exit.
+#ifndef IPAPP_BENCH_GENERATED_FILES_H
+#define IPAPP_BENCH_GENERATED_FILES_H
+
+#include <cstddef>
+#include <string>
+
+#include "config_generator.h"
+
+namespace ipapp_bench {
+
+struct GeneratedDevice {
+    std::string file;
+    size_t nodes = 0;
+};
+
+// WriteConfigPair of units units.
+const GeneratedPair& PairOf(size_t units);
+// WriteDevice of ScaledDevice(factor).
+const GeneratedDevice& DeviceOfScale(size_t factor);
+
+}  // namespace ipapp_bench
+
+#endif
