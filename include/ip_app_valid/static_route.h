@@ -34,10 +34,12 @@ class StaticRoute {
     std::string vrf_name_;
 };
 
-class StaticRouteIPv4 : public StaticRoute {
+// A route of one address family: its destination prefix and next hop.
+template <typename Network, typename NextHop>
+class FamilyStaticRoute : public StaticRoute {
   public:
-    StaticRouteIPv4(std::string output_intf, std::string vrf_name, nettypes::IPv4AddrMask network,
-                    nettypes::IPv4Addr next_hop)
+    FamilyStaticRoute(std::string output_intf, std::string vrf_name, Network network,
+                      NextHop next_hop)
         : StaticRoute(std::move(output_intf), std::move(vrf_name)),
           network_(network),
           next_hop_(next_hop) {}
@@ -46,24 +48,18 @@ class StaticRouteIPv4 : public StaticRoute {
     const nettypes::IPAddr& next_hop() const override { return next_hop_; }
 
   private:
-    nettypes::IPv4AddrMask network_;
-    nettypes::IPv4Addr next_hop_;
+    Network network_;
+    NextHop next_hop_;
 };
 
-class StaticRouteIPv6 : public StaticRoute {
+class StaticRouteIPv4 : public FamilyStaticRoute<nettypes::IPv4AddrMask, nettypes::IPv4Addr> {
   public:
-    StaticRouteIPv6(std::string output_intf, std::string vrf_name, nettypes::IPv6AddrMask network,
-                    nettypes::IPv6Addr next_hop)
-        : StaticRoute(std::move(output_intf), std::move(vrf_name)),
-          network_(network),
-          next_hop_(next_hop) {}
+    using FamilyStaticRoute::FamilyStaticRoute;
+};
 
-    const nettypes::IPAddrMask& network() const override { return network_; }
-    const nettypes::IPAddr& next_hop() const override { return next_hop_; }
-
-  private:
-    nettypes::IPv6AddrMask network_;
-    nettypes::IPv6Addr next_hop_;
+class StaticRouteIPv6 : public FamilyStaticRoute<nettypes::IPv6AddrMask, nettypes::IPv6Addr> {
+  public:
+    using FamilyStaticRoute::FamilyStaticRoute;
 };
 
 }  // namespace config_valid
