@@ -43,7 +43,7 @@ TEST(FaultReport, IsOneLineWithItsOrigin) {
          "fault: src/lib/config:133: ReadConfig: Unspecified IPv4 address for key '5' (code 0)\n"},
         {-7, "f", "a.c", -1, "t", "fault: a.c:-1: f: t (code -7)\n"},
         {3, nullptr, nullptr, 9, nullptr, "fault: (null):9: (null): (null) (code 3)\n"},
-        {0, "f", "a.c", 1, "", "fault: a.c:1: f:  (code 0)\n"},
+        {0, "f", "a.c", 1, "\n\n", "fault: a.c:1: f:  (code 0)\n"},
         {0, "f", "a.c", 1, "50%s %d", "fault: a.c:1: f: 50%s %d (code 0)\n"},
         {0, "f", "a.c", 1, "one\ntwo\r\n", "fault: a.c:1: f: one\\ntwo\\r (code 0)\n"},
         {0, "f\x01", "a.c", 1, "a\tb\x1b\x7f", "fault: a.c:1: f\\x01: a\tb\\x1b\\x7f (code 0)\n"},
