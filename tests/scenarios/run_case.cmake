@@ -10,6 +10,9 @@
 # ARGS_FILE: further options for the tool, one per line.
 # EXPECTED_LOG: lines that must each stand whole among the tool's stderr
 # lines (fault reports, debug lines).
+# In the expected text and log lines, "<line>" stands for any line number, so
+# that an assertion's or a fault report's source line may move when the
+# plug-in's sources are edited.
 # GENERATE_FILE: options of GENERATOR's device mode, one per line; when the
 # file exists the candidate is generated into GENERATED, followed by the
 # text of CANDIDATE (XML) when one is given.
@@ -39,6 +42,14 @@ endfunction()
 
 function(fail what)
     message(FATAL_ERROR "${what}\n--- command: ${command_text}\n--- stdout:\n${stdout}\n--- stderr:\n${stderr}")
+endfunction()
+
+# Sets out to the regular expression that matches text exactly, with each
+# "<line>" matching a line number.
+function(exact_pattern out text)
+    string(REGEX REPLACE "([][.*+?^$(){}|\\\\])" "\\\\\\1" pattern "${text}")
+    string(REPLACE "<line>" "[0-9]+" pattern "${pattern}")
+    set(${out} "${pattern}" PARENT_SCOPE)
 endfunction()
 
 function(json_get out json)
@@ -121,7 +132,8 @@ if(NOT status EQUAL exit_codes_${expected_verdict})
     fail("exit status: expected ${exit_codes_${expected_verdict}}, got ${status}")
 endif()
 first_text(text "${stdout}")
-if(NOT text STREQUAL expected_text)
+exact_pattern(expected_pattern "${expected_text}")
+if(NOT text MATCHES "^${expected_pattern}$")
     fail("text: expected\n[${expected_text}]\ngot\n[${text}]")
 endif()
 
@@ -132,8 +144,8 @@ if(DEFINED EXPECTED_LOG AND EXISTS "${EXPECTED_LOG}")
         if(line STREQUAL "")
             continue()
         endif()
-        string(FIND "\n${stderr}\n" "\n${line}\n" found)
-        if(found EQUAL -1)
+        exact_pattern(line_pattern "${line}")
+        if(NOT "\n${stderr}\n" MATCHES "\n${line_pattern}\n")
             fail("stderr lacks the line\n[${line}]")
         endif()
     endwhile()
