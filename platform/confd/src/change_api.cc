@@ -33,12 +33,8 @@ std::vector<const lyd_node*> all_instances(const Tree& tree, const lysc_node* no
     for (const lysc_node* step : chain) {
         std::vector<const lyd_node*> next;
         for (const lyd_node* parent : level) {
-            const lyd_node* first = tree.first_child(parent);
-            lyd_node* match = nullptr;
-            if (first != nullptr) {
-                lyd_find_sibling_val(first, step, nullptr, 0, &match);
-            }
-            for (const lyd_node* n = match; n != nullptr && n->schema == step; n = n->next) {
+            for (const lyd_node* n = tree.first_instance(parent, step);
+                 n != nullptr && n->schema == step; n = n->next) {
                 next.push_back(n);
             }
         }

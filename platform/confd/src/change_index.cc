@@ -6,7 +6,7 @@ namespace confd::detail {
 
 ChangeIndex::ChangeIndex(std::shared_ptr<const Tree> running, std::shared_ptr<const Tree> candidate)
     : running_(std::move(running)), candidate_(std::move(candidate)) {
-    diff_children(candidate_->schema(), running_->first_child(nullptr),
+    diff_children(*running_, *candidate_, running_->first_child(nullptr),
                   candidate_->first_child(nullptr), nullptr, nullptr,
                   [this](const DiffEvent& event) {
                       ++events_;

@@ -50,7 +50,7 @@ bool blank(const std::string& text) {
 }  // namespace
 
 Tree::Tree(std::shared_ptr<const Schema> schema, lyd_node* root)
-    : schema_(std::move(schema)), root_(root) {}
+    : schema_(std::move(schema)), root_(root), top_level_(root) {}
 
 Tree::~Tree() {
     lyd_free_all(root_);
@@ -96,11 +96,32 @@ const lyd_node* Tree::first_child(const lyd_node* parent) const {
     return parent != nullptr ? lyd_child(parent) : root_;
 }
 
+const lyd_node* Tree::first_instance(const lyd_node* parent, const lysc_node* schema) const {
+    if (parent == nullptr) {
+        return top_level_.first_instance(schema);
+    }
+    lyd_node* match = nullptr;
+    lyd_find_sibling_val(lyd_child(parent), schema, nullptr, 0, &match);
+    return match;
+}
+
+const lyd_node* Tree::counterpart(const lyd_node* sibling, const lyd_node* node) const {
+    if (sibling == nullptr) {
+        return nullptr;
+    }
+    if (lyd_parent(sibling) == nullptr) {
+        return top_level_.counterpart(node);
+    }
+    lyd_node* match = nullptr;
+    lyd_find_sibling_first(sibling, node, &match);
+    return match;
+}
+
 const ListIndex& Tree::list(const lyd_node* parent, const lysc_node* list) const {
     std::lock_guard<std::mutex> lock(mutex_);
     auto& index = lists_[{parent, list}];
     if (!index) {
-        index = std::make_unique<ListIndex>(*schema_, first_child(parent), list);
+        index = std::make_unique<ListIndex>(*schema_, first_instance(parent, list), list);
     }
     return *index;
 }

@@ -1,6 +1,7 @@
 /*
  * One configuration (running or candidate): a validated libyang data tree,
- * immutable once loaded, with the list indexes built for it on demand.
+ * immutable once loaded, with an index of its top-level nodes built at load
+ * and the list indexes built for it on demand.
  */
 #ifndef CONFD_SRC_DATA_TREE_H
 #define CONFD_SRC_DATA_TREE_H
@@ -16,6 +17,7 @@
 #include "confd_datastore.h"
 #include "list_index.h"
 #include "schema.h"
+#include "top_level_index.h"
 
 namespace confd::detail {
 
@@ -39,6 +41,17 @@ class Tree {
     // The first node among parent's children (the top-level nodes for nullptr).
     const lyd_node* first_child(const lyd_node* parent) const;
 
+    // The first instance of schema among parent's children (the top level for
+    // nullptr); nullptr if none. The instances of one schema node are
+    // adjacent, so the others follow it.
+    const lyd_node* first_instance(const lyd_node* parent, const lysc_node* schema) const;
+
+    // The node among the siblings of `sibling` (a node of this tree; nullptr:
+    // no siblings) that stands for node, a node of another tree of the same
+    // schema: the same schema node, and for list and leaf-list entries the
+    // same keys or value; nullptr if none.
+    const lyd_node* counterpart(const lyd_node* sibling, const lyd_node* node) const;
+
     // The entries of `list` under parent (nullptr: top level).
     const ListIndex& list(const lyd_node* parent, const lysc_node* list) const;
 
@@ -47,6 +60,7 @@ class Tree {
 
     std::shared_ptr<const Schema> schema_;
     lyd_node* root_;
+    TopLevelIndex top_level_;
     mutable std::mutex mutex_;
     mutable std::map<std::pair<const lyd_node*, const lysc_node*>, std::unique_ptr<ListIndex>>
         lists_;

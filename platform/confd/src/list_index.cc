@@ -29,11 +29,7 @@ std::optional<std::string> entry_key(const Schema& schema, const lyd_node* entry
     return key;
 }
 
-ListIndex::ListIndex(const Schema& schema, const lyd_node* siblings, const lysc_node* list) {
-    lyd_node* first = nullptr;
-    if (siblings != nullptr) {
-        lyd_find_sibling_val(siblings, list, nullptr, 0, &first);
-    }
+ListIndex::ListIndex(const Schema& schema, const lyd_node* first, const lysc_node* list) {
     for (const lyd_node* entry = first; entry != nullptr && entry->schema == list;
          entry = entry->next) {
         by_key_.emplace_back(entry_key(schema, entry).value_or(std::string()), entry);

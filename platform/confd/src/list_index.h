@@ -21,8 +21,8 @@ class Schema;
 
 class ListIndex {
   public:
-    // siblings: any node among the list's siblings, or nullptr for none.
-    ListIndex(const Schema& schema, const lyd_node* siblings, const lysc_node* list);
+    // first: the list's first entry under its parent, or nullptr for none.
+    ListIndex(const Schema& schema, const lyd_node* first, const lysc_node* list);
 
     // ordered-by system: key order (key_order.h); ordered-by user: data order.
     const std::vector<const lyd_node*>& entries() const { return entries_; }

@@ -25,16 +25,6 @@ int encode_keys(const Schema& schema, const PathStep& step, const lysc_node* lis
     return CONFD_OK;
 }
 
-const lyd_node* find_instance(const Tree& tree, const lyd_node* parent, const lysc_node* node) {
-    const lyd_node* siblings = tree.first_child(parent);
-    if (siblings == nullptr) {
-        return nullptr;
-    }
-    lyd_node* match = nullptr;
-    lyd_find_sibling_val(siblings, node, nullptr, 0, &match);
-    return match;
-}
-
 }  // namespace
 
 std::optional<TypedValue> key_value(const Schema& schema, const lysc_node* leaf,
@@ -82,7 +72,7 @@ int locate(const Tree& tree, const std::vector<PathStep>& steps, Location& where
             break;
         }
         const lyd_node* found =
-            keyed_list ? tree.list(current, node).find(key) : find_instance(tree, current, node);
+            keyed_list ? tree.list(current, node).find(key) : tree.first_instance(current, node);
         if (found == nullptr) {
             exists = false;
             where.parent_exists = last;

@@ -86,7 +86,7 @@ int walk(const confd::detail::TransactionView& view, const confd::detail::PathRe
     const confd::detail::Tree& running = *view.running;
     const confd::detail::Tree& candidate = *view.tree;
     if (request == nullptr) {
-        confd::detail::diff_children(candidate.schema(), running.first_child(nullptr),
+        confd::detail::diff_children(running, candidate, running.first_child(nullptr),
                                      candidate.first_child(nullptr), nullptr, nullptr, visit);
         return CONFD_OK;
     }
@@ -100,11 +100,11 @@ int walk(const confd::detail::TransactionView& view, const confd::detail::PathRe
         auto first = [](const confd::detail::Tree& tree, const confd::detail::Location& where) {
             return where.parent_exists ? tree.first_child(where.parent) : nullptr;
         };
-        confd::detail::diff_children(candidate.schema(), first(running, in_running),
+        confd::detail::diff_children(running, candidate, first(running, in_running),
                                      first(candidate, in_candidate), in_candidate.parent,
                                      in_candidate.chain.back(), visit);
     } else {
-        confd::detail::diff_node(candidate.schema(), in_running.node, in_candidate.node, visit);
+        confd::detail::diff_node(running, candidate, in_running.node, in_candidate.node, visit);
     }
     return CONFD_OK;
 }

@@ -17,15 +17,6 @@ int prepare(const char* call, const Tree& tree, const char* fmt, va_list args, P
     return locate(tree, request.steps, where);
 }
 
-const lyd_node* first_entry(const Tree& tree, const Location& where) {
-    const lyd_node* siblings = tree.first_child(where.parent);
-    lyd_node* first = nullptr;
-    if (siblings != nullptr) {
-        lyd_find_sibling_val(siblings, where.chain.back(), nullptr, 0, &first);
-    }
-    return first;
-}
-
 }  // namespace
 
 int read_exists(const char* call, const Tree& tree, const char* fmt, va_list args) {
@@ -35,7 +26,10 @@ int read_exists(const char* call, const Tree& tree, const char* fmt, va_list arg
         return CONFD_ERR;
     }
     if (where.whole_list) {
-        return where.parent_exists && first_entry(tree, where) != nullptr ? 1 : 0;
+        return where.parent_exists &&
+                       tree.first_instance(where.parent, where.chain.back()) != nullptr
+                   ? 1
+                   : 0;
     }
     return where.node != nullptr ? 1 : 0;
 }

@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "data_tree.h"
 #include "list_index.h"
-#include "schema.h"
 #include "typed_value.h"
 
 namespace confd::detail {
@@ -28,14 +28,10 @@ bool is_np_container(const lyd_node* node) {
     return node->schema->nodetype == LYS_CONTAINER && !(node->schema->flags & LYS_PRESENCE);
 }
 
-// The instance among the siblings of first that stands for node (same schema
-// node, same keys or value).
-const lyd_node* counterpart(const lyd_node* first, const lyd_node* node) {
-    if (first == nullptr) {
-        return nullptr;
-    }
-    lyd_node* match = nullptr;
-    lyd_find_sibling_first(first, node, &match);
+// The present node among the siblings of `sibling` in tree that stands for
+// node (same schema node, same keys or value).
+const lyd_node* counterpart(const Tree& tree, const lyd_node* sibling, const lyd_node* node) {
+    const lyd_node* match = tree.counterpart(sibling, node);
     return present(match) ? match : nullptr;
 }
 
@@ -55,15 +51,79 @@ bool same_value(const lyd_node* a, const lyd_node* b) {
     return confd_val_eq(&vx, &vy) != 0;
 }
 
-bool subtree_differs(const lyd_node* running, const lyd_node* candidate);
+// The walked siblings from first on (with `only`, its instances alone),
+// entries of ordered-by system lists in key order (list_index.h),
+// everything else as it stands.
+std::vector<const lyd_node*> delivery_order(const Tree& tree, const lyd_node* first,
+                                            const lysc_node* only) {
+    const lyd_node* start =
+        first != nullptr && only != nullptr ? tree.first_instance(lyd_parent(first), only) : first;
+    std::vector<const lyd_node*> nodes;
+    for (const lyd_node* node = start; node != nullptr && (only == nullptr || node->schema == only);
+         node = node->next) {
+        if (walked(node, only)) {
+            nodes.push_back(node);
+        }
+    }
+    for (auto run = nodes.begin(); run != nodes.end();) {
+        const lysc_node* list = (*run)->schema;
+        auto end =
+            std::find_if(run, nodes.end(), [&](const lyd_node* n) { return n->schema != list; });
+        if (list->nodetype == LYS_LIST && !(list->flags & LYS_ORDBY_USER) && end - run > 1) {
+            std::vector<std::pair<std::string, const lyd_node*>> keyed;
+            for (auto it = run; it != end; ++it) {
+                keyed.emplace_back(entry_key(tree.schema(), *it).value_or(std::string()), *it);
+            }
+            std::stable_sort(keyed.begin(), keyed.end(),
+                             [](const auto& a, const auto& b) { return a.first < b.first; });
+            std::transform(keyed.begin(), keyed.end(), run,
+                           [](const auto& item) { return item.second; });
+        }
+        run = end;
+    }
+    return nodes;
+}
 
-// Some child of one side has no equal counterpart on the other.
-bool children_differ(const lyd_node* from_first, const lyd_node* to_first, bool compare) {
+class Walker {
+  public:
+    Walker(const Tree& running, const Tree& candidate, const DiffVisitor& visit)
+        : running_(running), candidate_(candidate), visit_(visit) {}
+
+    // parent: the candidate node holding the siblings (nullptr: top level).
+    Flow children(const lyd_node* running_first, const lyd_node* candidate_first,
+                  const lyd_node* parent, const lysc_node* only);
+    Flow pair(const lyd_node* running, const lyd_node* candidate, const lyd_node* parent);
+
+  private:
+    Flow created(const lyd_node* candidate);
+    Flow deleted(const lyd_node* running, const lyd_node* parent);
+    Flow changed(const lyd_node* running, const lyd_node* candidate);
+    // Reports the event; on recurse, walks the children of the node.
+    Flow report(const DiffEvent& event, const lyd_node* running_first, bool descend);
+
+    bool subtree_differs(const lyd_node* running, const lyd_node* candidate) const;
+    // Some child from from_first on has no counterpart among to_first's
+    // siblings in `to`, or (with compare) one whose value or subtree differs.
+    bool children_differ(const lyd_node* from_first, const Tree& to, const lyd_node* to_first,
+                         bool compare) const;
+
+    const Tree& running_;
+    const Tree& candidate_;
+    const DiffVisitor& visit_;
+};
+
+bool Walker::subtree_differs(const lyd_node* running, const lyd_node* candidate) const {
+    return children_differ(lyd_child(candidate), running_, lyd_child(running), true) ||
+           children_differ(lyd_child(running), candidate_, lyd_child(candidate), false);
+}
+
+bool Walker::children_differ(const lyd_node* from_first, const Tree& to, const lyd_node* to_first,
+                             bool compare) const {
     for (const lyd_node* child = from_first; child != nullptr; child = child->next) {
         if (!walked(child, nullptr)) {
             continue;
         }
-        const lyd_node* other = counterpart(to_first, child);
+        const lyd_node* other = counterpart(to, to_first, child);
         if (other == nullptr) {
             return true;
         }
@@ -78,64 +138,10 @@ bool children_differ(const lyd_node* from_first, const lyd_node* to_first, bool 
     return false;
 }
 
-bool subtree_differs(const lyd_node* running, const lyd_node* candidate) {
-    return children_differ(lyd_child(candidate), lyd_child(running), true) ||
-           children_differ(lyd_child(running), lyd_child(candidate), false);
-}
-
-// The walked siblings from first on, entries of ordered-by system lists in
-// key order (list_index.h), everything else as it stands.
-std::vector<const lyd_node*> delivery_order(const Schema& schema, const lyd_node* first,
-                                            const lysc_node* only) {
-    std::vector<const lyd_node*> nodes;
-    for (const lyd_node* node = first; node != nullptr; node = node->next) {
-        if (walked(node, only)) {
-            nodes.push_back(node);
-        }
-    }
-    for (auto run = nodes.begin(); run != nodes.end();) {
-        const lysc_node* list = (*run)->schema;
-        auto end =
-            std::find_if(run, nodes.end(), [&](const lyd_node* n) { return n->schema != list; });
-        if (list->nodetype == LYS_LIST && !(list->flags & LYS_ORDBY_USER) && end - run > 1) {
-            std::vector<std::pair<std::string, const lyd_node*>> keyed;
-            for (auto it = run; it != end; ++it) {
-                keyed.emplace_back(entry_key(schema, *it).value_or(std::string()), *it);
-            }
-            std::stable_sort(keyed.begin(), keyed.end(),
-                             [](const auto& a, const auto& b) { return a.first < b.first; });
-            std::transform(keyed.begin(), keyed.end(), run,
-                           [](const auto& item) { return item.second; });
-        }
-        run = end;
-    }
-    return nodes;
-}
-
-class Walker {
-  public:
-    Walker(const Schema& schema, const DiffVisitor& visit) : schema_(schema), visit_(visit) {}
-
-    // parent: the candidate node holding the siblings (nullptr: top level).
-    Flow children(const lyd_node* running_first, const lyd_node* candidate_first,
-                  const lyd_node* parent, const lysc_node* only);
-    Flow pair(const lyd_node* running, const lyd_node* candidate, const lyd_node* parent);
-
-  private:
-    Flow created(const lyd_node* candidate);
-    Flow deleted(const lyd_node* running, const lyd_node* parent);
-    Flow changed(const lyd_node* running, const lyd_node* candidate);
-    // Reports the event; on recurse, walks the children of the node.
-    Flow report(const DiffEvent& event, const lyd_node* running_first, bool descend);
-
-    const Schema& schema_;
-    const DiffVisitor& visit_;
-};
-
 Flow Walker::children(const lyd_node* running_first, const lyd_node* candidate_first,
                       const lyd_node* parent, const lysc_node* only) {
-    for (const lyd_node* node : delivery_order(schema_, running_first, only)) {
-        if (counterpart(candidate_first, node) != nullptr) {
+    for (const lyd_node* node : delivery_order(running_, running_first, only)) {
+        if (counterpart(candidate_, candidate_first, node) != nullptr) {
             continue;
         }
         const Flow flow = deleted(node, parent);
@@ -143,8 +149,8 @@ Flow Walker::children(const lyd_node* running_first, const lyd_node* candidate_f
             return flow == Flow::stop ? Flow::stop : Flow::next;
         }
     }
-    for (const lyd_node* node : delivery_order(schema_, candidate_first, only)) {
-        const Flow flow = pair(counterpart(running_first, node), node, parent);
+    for (const lyd_node* node : delivery_order(candidate_, candidate_first, only)) {
+        const Flow flow = pair(counterpart(running_, running_first, node), node, parent);
         if (flow != Flow::next) {
             return flow == Flow::stop ? Flow::stop : Flow::next;
         }
@@ -174,10 +180,8 @@ Flow Walker::deleted(const lyd_node* running, const lyd_node* parent) {
         // A non-presence container exists as long as its parent does, as in
         // ConfD: its children are deleted from the candidate's (implicit)
         // instance, so that instance counts as changed.
-        lyd_node* implicit = nullptr;
-        if (parent != nullptr) {
-            lyd_find_sibling_first(lyd_child(parent), running, &implicit);
-        }
+        const lyd_node* implicit =
+            parent != nullptr ? candidate_.counterpart(lyd_child(parent), running) : nullptr;
         return children(lyd_child(running), nullptr, implicit != nullptr ? implicit : parent,
                         nullptr);
     }
@@ -220,16 +224,16 @@ Flow Walker::report(const DiffEvent& event, const lyd_node* running_first, bool 
 
 }  // namespace
 
-bool diff_children(const Schema& schema, const lyd_node* running_first,
+bool diff_children(const Tree& running, const Tree& candidate, const lyd_node* running_first,
                    const lyd_node* candidate_first, const lyd_node* candidate_parent,
                    const lysc_node* only, const DiffVisitor& visit) {
-    Walker walker(schema, visit);
+    Walker walker(running, candidate, visit);
     return walker.children(running_first, candidate_first, candidate_parent, only) != Flow::stop;
 }
 
-bool diff_node(const Schema& schema, const lyd_node* running, const lyd_node* candidate,
-               const DiffVisitor& visit) {
-    Walker walker(schema, visit);
+bool diff_node(const Tree& running_tree, const Tree& candidate_tree, const lyd_node* running,
+               const lyd_node* candidate, const DiffVisitor& visit) {
+    Walker walker(running_tree, candidate_tree, visit);
     const lyd_node* parent = candidate != nullptr ? lyd_parent(candidate) : nullptr;
     return walker.pair(present(running) ? running : nullptr,
                        present(candidate) ? candidate : nullptr, parent) != Flow::stop;

@@ -26,7 +26,7 @@
 
 namespace confd::detail {
 
-class Schema;
+class Tree;
 
 enum class DiffOp { created, deleted, modified, value_set };
 
@@ -43,17 +43,18 @@ struct DiffEvent {
 
 using DiffVisitor = std::function<DiffStep(const DiffEvent&)>;
 
-// Compares two sets of siblings, given by their first nodes, whose parent in
-// the candidate is candidate_parent (nullptr: the top level). `only`
-// restricts the walk to instances of that schema node. Returns false when
-// the visitor stopped the walk.
-bool diff_children(const Schema& schema, const lyd_node* running_first,
+// Compares two sets of siblings, given by their first nodes in the running
+// and the candidate tree, whose parent in the candidate is candidate_parent
+// (nullptr: the top level). `only` restricts the walk to instances of that
+// schema node. Returns false when the visitor stopped the walk.
+bool diff_children(const Tree& running, const Tree& candidate, const lyd_node* running_first,
                    const lyd_node* candidate_first, const lyd_node* candidate_parent,
                    const lysc_node* only, const DiffVisitor& visit);
 
-// Compares one node with its counterpart (either may be nullptr).
-bool diff_node(const Schema& schema, const lyd_node* running, const lyd_node* candidate,
-               const DiffVisitor& visit);
+// Compares one node of the running tree with its counterpart in the
+// candidate tree (either may be nullptr).
+bool diff_node(const Tree& running_tree, const Tree& candidate_tree, const lyd_node* running,
+               const lyd_node* candidate, const DiffVisitor& visit);
 
 }  // namespace confd::detail
 
