@@ -2,6 +2,8 @@
 // cut, with the whole records before it kept.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "record_codec.h"
 
 namespace ipapp_validate {
@@ -19,14 +21,9 @@ CallRecord Sample(Stage stage, uint32_t index, const std::string& text) {
     return record;
 }
 
-void ExpectSame(const CallRecord& a, const CallRecord& b) {
-    EXPECT_EQ(a.stage, b.stage);
-    EXPECT_EQ(a.index, b.index);
-    EXPECT_EQ(a.ending, b.ending);
-    EXPECT_EQ(a.result, b.result);
-    EXPECT_EQ(a.text, b.text);
-    EXPECT_EQ(a.exception_type, b.exception_type);
-    EXPECT_EQ(a.nanoseconds, b.nanoseconds);
+auto Fields(const CallRecord& r) {
+    return std::make_tuple(r.stage, r.index, r.ending, r.result, r.text, r.exception_type,
+                           r.nanoseconds);
 }
 
 TEST(RecordCodec, RecordsComeBackWhole) {
@@ -43,7 +40,7 @@ TEST(RecordCodec, RecordsComeBackWhole) {
     EXPECT_FALSE(decoded.torn);
     ASSERT_EQ(decoded.records.size(), records.size());
     for (size_t i = 0; i < records.size(); ++i) {
-        ExpectSame(decoded.records[i], records[i]);
+        EXPECT_EQ(Fields(decoded.records[i]), Fields(records[i]));
     }
 }
 

@@ -1,4 +1,5 @@
-// Runs the ipapp-validate executable and captures what it does.
+// Runs the ipapp-validate executable through the shell and captures what it
+// does.
 #ifndef IPAPP_TESTS_TOOL_RUN_H
 #define IPAPP_TESTS_TOOL_RUN_H
 
@@ -6,34 +7,18 @@
 #include <vector>
 
 struct ToolRun {
-    int status = -1;  // the exit status, or 128 + signal when it was killed
+    int status = -1;  // the exit status; the shell makes a death by signal 128 + signal
     std::string out;
     std::string err;
-
-    std::vector<std::string> ErrLines() const;
 };
 
-// environment: extra NAME=VALUE entries on top of the test's own.
+// environment: NAME=VALUE settings for the tool's process, separated by blanks.
 ToolRun RunIpappValidate(const std::vector<std::string>& arguments,
-                         const std::vector<std::string>& environment = {});
+                         const std::string& environment = "");
 
 // The exit status of a run whose stdout is a pipe nobody reads.
 int RunIpappValidateIntoClosedPipe(const std::vector<std::string>& arguments);
 
 std::string ReadFile(const std::string& path);
-
-// A fresh directory, removed with everything in it at the end of its scope.
-class TempDir {
-  public:
-    TempDir();
-    ~TempDir();
-    TempDir(const TempDir&) = delete;
-    TempDir& operator=(const TempDir&) = delete;
-
-    std::string Path(const std::string& name) const { return path_ + "/" + name; }
-
-  private:
-    std::string path_;
-};
 
 #endif
