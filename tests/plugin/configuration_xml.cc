@@ -9,34 +9,9 @@ namespace plugin_test {
 
 namespace {
 
-constexpr const char* kIpappNs = "urn:ipapp:yang:ipapp";
-
-std::string Element(const std::string& name, const std::string& content) {
-    return "<" + name + ">" + content + "</" + name + ">";
-}
-
 std::string Entry(const char* list, const std::string& name, const std::string& body) {
-    return std::string("<") + list + " xmlns=\"" + kIpappNs + "\">" + Element("name", name) + body +
-           "</" + list + ">";
-}
-
-std::string HexOctets(const unsigned char* bytes, size_t count) {
-    std::string hex;
-    for (size_t i = 0; i < count; ++i) {
-        char octet[4];
-        std::snprintf(octet, sizeof octet, i == 0 ? "%02x" : ":%02x", bytes[i]);
-        hex += octet;
-    }
-    return hex;
-}
-
-template <typename Raw>
-std::string HexOf(int family, const std::string& text) {
-    Raw raw;
-    if (inet_pton(family, text.c_str(), &raw) != 1) {
-        throw std::invalid_argument("not an address: " + text);
-    }
-    return HexOctets(reinterpret_cast<const unsigned char*>(&raw), sizeof raw);
+    return std::string("<") + list + " xmlns=\"urn:ipapp:yang:ipapp\">" + Element("name", name) +
+           body + "</" + list + ">";
 }
 
 std::string AddressList(const std::string& list, const std::vector<std::string>& addrs) {
@@ -47,39 +22,42 @@ std::string AddressList(const std::string& list, const std::vector<std::string>&
     return entries;
 }
 
-RouteRow Row(const char* type, std::string dest, int32_t prefix_len, std::string next_hop,
-             const std::string& interface_name, uint32_t vrf_id) {
-    RouteRow row{type, std::move(dest), prefix_len, std::move(next_hop)};
-    row.interface_name = interface_name;
-    row.vrf_id = vrf_id;
-    return row;
+// An address as the route table writes it: colon-separated hex octets.
+std::string Hex(const std::string& address) {
+    unsigned char bytes[sizeof(in6_addr)];
+    const bool ipv6 = address.find(':') != std::string::npos;
+    if (inet_pton(ipv6 ? AF_INET6 : AF_INET, address.c_str(), bytes) != 1) {
+        throw std::invalid_argument("not an address: " + address);
+    }
+    std::string hex;
+    for (size_t i = 0; i < (ipv6 ? sizeof(in6_addr) : sizeof(in_addr)); ++i) {
+        char octet[4];
+        std::snprintf(octet, sizeof octet, i == 0 ? "%02x" : ":%02x", bytes[i]);
+        hex += octet;
+    }
+    return hex;
 }
 
 }  // namespace
 
-std::string L3(const std::string& name, const std::string& body) {
-    return Entry("l3", name, body);
+std::string Element(const std::string& name, const std::string& content) {
+    return "<" + name + ">" + content + "</" + name + ">";
 }
-std::string Loopback(const std::string& name, const std::string& body) {
-    return Entry("loopback", name, body);
-}
-std::string Mgmt(const std::string& name, const std::string& body) {
-    return Entry("mgmt", name, body);
-}
+
 std::string Interfaces(const std::string& entries) {
     return "<config xmlns=\"urn:ipapp:yang:device-config\">" + Element("interface", entries) +
            "</config>";
 }
+std::string L3(const std::string& name, const std::string& body) {
+    return Entry("l3", name, body);
+}
+std::string Mgmt(const std::string& name, const std::string& body) {
+    return Entry("mgmt", name, body);
+}
 
-std::string L3IPv4(const std::string& primary, const std::vector<std::string>& secondaries) {
-    const std::string ip = primary.empty() ? "" : Element("ip", primary);
-    return Element("ipv4", Element("address", ip + AddressList("secondary", secondaries)));
-}
-std::string LoopbackIPv4(const std::vector<std::string>& addrs) {
-    return Element("ipv4", AddressList("address", addrs));
-}
-std::string MgmtIPv4(const std::string& addr) {
-    return Element("ipv4", Element("address", Element("ip", addr)));
+std::string IPv4(const std::string& primary, const std::vector<std::string>& secondaries) {
+    return Element(
+        "ipv4", Element("address", Element("ip", primary) + AddressList("secondary", secondaries)));
 }
 std::string IPv6(const std::vector<std::string>& addrs) {
     return Element("ipv6", AddressList("address", addrs));
@@ -91,57 +69,28 @@ std::string Vlan(int32_t vlan) {
     return Element("lower-layer-if", Element("vlan", std::to_string(vlan)));
 }
 
-std::string Hex4(const std::string& ipv4) {
-    return HexOf<in_addr>(AF_INET, ipv4);
-}
-std::string Hex6(const std::string& ipv6) {
-    return HexOf<in6_addr>(AF_INET6, ipv6);
-}
-
-RouteRow IPv4Route(const std::string& dest, int32_t prefix_len, const std::string& next_hop,
-                   const std::string& interface_name, uint32_t vrf_id) {
-    return Row("ipv4", Hex4(dest), prefix_len, Hex4(next_hop), interface_name, vrf_id);
-}
-RouteRow IPv6Route(const std::string& dest, int32_t prefix_len, const std::string& next_hop,
-                   const std::string& interface_name, uint32_t vrf_id) {
-    return Row("ipv6", Hex6(dest), prefix_len, Hex6(next_hop), interface_name, vrf_id);
-}
-
 std::string Routes(const std::vector<RouteRow>& rows) {
     std::string table;
-    std::string global;
+    std::string output_interfaces;
     for (const RouteRow& row : rows) {
+        const std::string keys =
+            Element("rtmStaticRtDestAddr", Hex(row.dest)) +
+            Element("rtmStaticRtDestPrefixLen", std::to_string(row.prefix_len)) +
+            Element("rtmStaticRtFteIndex", "1") + Element("rtmStaticRtNextHop", Hex(row.next_hop));
         table += Element("rtmStaticRtEntry",
                          Element("rtmStaticRtVrfCmpntId", std::to_string(row.vrf_id)) +
-                             Element("rtmStaticRtDestAddrType", row.type) +
-                             Element("rtmStaticRtDestAddr", row.dest) +
-                             Element("rtmStaticRtDestPrefixLen", std::to_string(row.prefix_len)) +
-                             Element("rtmStaticRtFteIndex", std::to_string(row.fte_index)) +
-                             Element("rtmStaticRtNextHop", row.next_hop));
+                             Element("rtmStaticRtDestAddrType", row.type) + keys);
         if (!row.interface_name.empty()) {
-            global += "<rtmStaticRtEntry-global xmlns=\"urn:ipapp:yang:DC-RTM-MIB\">" +
-                      Element("index", std::to_string(row.fte_index)) +
-                      Element("destination", row.dest) +
-                      Element("prefix-len", std::to_string(row.prefix_len)) +
-                      Element("next-hop", row.next_hop) +
-                      Element("interface-name", row.interface_name) + "</rtmStaticRtEntry-global>";
+            output_interfaces += "<rtmStaticRtEntry-global xmlns=\"urn:ipapp:yang:DC-RTM-MIB\">" +
+                                 Element("index", "1") + Element("destination", Hex(row.dest)) +
+                                 Element("prefix-len", std::to_string(row.prefix_len)) +
+                                 Element("next-hop", Hex(row.next_hop)) +
+                                 Element("interface-name", row.interface_name) +
+                                 "</rtmStaticRtEntry-global>";
         }
     }
     return "<DC-RTM-MIB xmlns=\"urn:ipapp:yang:DC-RTM-MIB\">" + Element("rtmStaticRtTable", table) +
-           "</DC-RTM-MIB>" + global;
-}
-
-std::string ManyRoutes(unsigned ipv4_count, unsigned ipv6_count) {
-    std::vector<RouteRow> rows;
-    for (unsigned i = 0; i < ipv4_count; ++i) {
-        const std::string net = "10." + std::to_string(i / 256) + "." + std::to_string(i % 256);
-        rows.push_back(IPv4Route(net + ".0", 24, net + ".1"));
-    }
-    for (unsigned i = 0; i < ipv6_count; ++i) {
-        const std::string net = "2001:db8:" + std::to_string(i) + "::";
-        rows.push_back(IPv6Route(net, 64, net + "1"));
-    }
-    return Routes(rows);
+           "</DC-RTM-MIB>" + output_interfaces;
 }
 
 std::string Internal(const std::string& entries) {
@@ -162,13 +111,13 @@ std::string OspfProcess(uint32_t compound, uint32_t process_id, const std::strin
                        Element("proc_id", std::to_string(process_id)) + Element("vrf_name", vrf));
 }
 
-std::string VrfConfig(const std::vector<std::pair<uint32_t, std::string>>& names) {
-    std::string entries;
-    for (const auto& [index, name] : names) {
-        entries +=
-            Element("indexTOstring", Element("n", std::to_string(index)) + Element("vname", name));
-    }
-    return Element("vrf-config", entries);
+std::string Ospfv3Interface(uint32_t process_id, const std::string& area,
+                            const std::string& intf_name, std::optional<uint32_t> ifindex) {
+    const std::string index =
+        ifindex ? Element("ospfv3-pm-if-index", std::to_string(*ifindex)) : "";
+    return Element("ospfv3-interface-l3", Element("ospfv3-pm-proc-id", std::to_string(process_id)) +
+                                              Element("ospfv3-pm-area-id", area) +
+                                              Element("ospfv3-pm-if-name", intf_name) + index);
 }
 
 }  // namespace plugin_test

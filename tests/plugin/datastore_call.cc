@@ -1,6 +1,6 @@
 #include "datastore_call.h"
 
-#include <gtest/gtest.h>
+#include <confd_fault_injection.h>
 #include <velconfd_host.h>
 
 #include <filesystem>
@@ -20,19 +20,6 @@ const sockaddr_in& AgentAddress(const ipapp_test::ConfdFixture& confd) {
 // The tag of a node name of the loaded schema.
 void SetTag(confd_value_t* value, const char* name) {
     CONFD_SET_XMLTAG(value, confd_str2hash(name), 0);
-}
-
-// /config/interface/l3{name}/lower-layer-if; the key points into name.
-confd_hkeypath_t LowerLayerKeypath(const std::string& name) {
-    confd_hkeypath_t keypath{};
-    keypath.len = 5;
-    SetTag(&keypath.v[0][0], "lower-layer-if");
-    CONFD_SET_CBUF(&keypath.v[1][0], name.data(), name.size());
-    CONFD_SET_NOEXISTS(&keypath.v[1][1]);
-    SetTag(&keypath.v[2][0], "l3");
-    SetTag(&keypath.v[3][0], "interface");
-    SetTag(&keypath.v[4][0], "config");
-    return keypath;
 }
 
 }  // namespace
@@ -68,21 +55,42 @@ DatastoreCall::DatastoreCall(const confdstore::Schema& schema, const std::string
     if (host_ == nullptr) {
         throw std::runtime_error("velconfd_create: out of memory");
     }
+    confdstore::fault_injection::reset();
     confd_.tctx()->t_opaque = host_;
+    config_.Bind(confd_.maapi_socket(), confd_.tctx());
 }
 
 DatastoreCall::~DatastoreCall() {
+    confdstore::fault_injection::reset();
     velconfd_destroy(host_);
 }
 
 int32_t DatastoreCall::Run(ValidationHandler* handler, confd_hkeypath_t keypath) {
     confd_value_t newval = keypath.v[0][0];
-    config_.Bind(confd_.maapi_socket(), confd_.tctx());
     return handler(confd_.maapi_socket(), confd_.tctx(), &keypath, &newval, config_);
 }
 
 int32_t DatastoreCall::RunOnLowerLayer(ValidationHandler* handler, const std::string& name) {
-    return Run(handler, LowerLayerKeypath(name));
+    confd_hkeypath_t keypath{};
+    keypath.len = 5;
+    SetTag(&keypath.v[0][0], "lower-layer-if");
+    CONFD_SET_CBUF(&keypath.v[1][0], name.data(), name.size());
+    SetTag(&keypath.v[2][0], "l3");
+    SetTag(&keypath.v[3][0], "interface");
+    SetTag(&keypath.v[4][0], "config");
+    return Run(handler, keypath);
+}
+
+int DatastoreCall::Validate(const char* point_name, confd_hkeypath_t keypath) {
+    velconfd_set_lib_context(host_, "ip_app_validation", &config_);
+    confd_.tctx()->vcb_opaque = const_cast<char*>(point_name);
+    confd_value_t newval = keypath.v[0][0];
+    return validate(confd_.tctx(), &keypath, &newval);
+}
+
+void DatastoreCall::Change(const std::string& candidate_xml) {
+    confd_.datastore().set_candidate(candidate_xml, confdstore::DataFormat::xml, "candidate");
+    confd_.tctx()->thandle = maapi_start_trans(confd_.maapi_socket(), CONFD_CANDIDATE, CONFD_READ);
 }
 
 }  // namespace plugin_test

@@ -1,7 +1,7 @@
-// A handler called on a transaction of the project's datastore, as the host
+// The plug-in called on a transaction of the project's datastore as the host
 // calls it: the MAAPI socket and transaction of the candidate, a host state
 // through which CDB sessions reach the running configuration, and a library
-// context bound to the transaction.
+// context bound to the transaction. Faults injected by a test end with it.
 #ifndef TESTS_PLUGIN_DATASTORE_CALL_H
 #define TESTS_PLUGIN_DATASTORE_CALL_H
 
@@ -18,14 +18,12 @@
 
 namespace plugin_test {
 
-// The keypath of a call-once point on an interface list
-// (/config/interface/<list>), which is all the handlers look at.
+// The keypath of a call-once point on an interface list,
+// /config/interface/<list>, which is all the handlers look at.
 confd_hkeypath_t ListKeypath(u_int32_t list_tag);
 
-// A data model of one module, for cases the project's model cannot produce
-// (keys of another type). The module's text is written to a temporary
-// directory beside the project's extension and type modules, which it may
-// import, and loaded from there.
+// A data model of one module, for keys of types the project's model does not
+// give them. The module may import the project's extension and type modules.
 confdstore::Schema SchemaOf(const std::string& module_name, const std::string& yang);
 
 class DatastoreCall {
@@ -43,12 +41,15 @@ class DatastoreCall {
     int32_t Run(ValidationHandler* handler, confd_hkeypath_t keypath);
     // Calls the handler on /config/interface/l3{name}/lower-layer-if.
     int32_t RunOnLowerLayer(ValidationHandler* handler, const std::string& name);
+    // Calls validate for the point, with the context registered as the host does.
+    int Validate(const char* point_name, confd_hkeypath_t keypath);
+
+    // Replaces the candidate and starts a new transaction on it, as a later
+    // callback would see it; the snapshot keeps what it has read.
+    void Change(const std::string& candidate_xml);
 
     // The transaction's error text, "" when none was set.
     std::string error_text() const { return confd_.error_text(); }
-
-    int maapi_socket() const { return confd_.maapi_socket(); }
-    confd_trans_ctx* tctx() { return confd_.tctx(); }
     ip_application::config_valid::Config& config() { return config_; }
 
   private:

@@ -1,5 +1,5 @@
-// Fault reports carry the reporting site and a text cut to the 300-byte
-// buffer.
+// Fault reports carry the reporting site, code 0 and a text cut to the
+// 300-byte buffer.
 #include "ip_app_valid/confd_api.h"
 
 #include <gtest/gtest.h>
@@ -11,42 +11,20 @@
 
 namespace {
 
-using ip_application::config_valid::ReportFault;
-using ip_application::config_valid::SourceSite;
-
-TEST(ReportFault, SendsTheFormattedTextWithTheSiteAndCodeZero) {
-    plugin_test::HostLog log;
-    ReportFault(SourceSite{"ReadConfig", "src/lib/config", 42},
-                "Unspecified IPv4 address for key '%s'", "0.0.0.0/0");
-    const auto faults = log.Faults();
-    ASSERT_EQ(faults.size(), 1u);
-    EXPECT_EQ(faults[0].file, "src/lib/config");
-    EXPECT_EQ(faults[0].line, 42);
-    EXPECT_EQ(faults[0].function, "ReadConfig");
-    EXPECT_EQ(faults[0].text, "Unspecified IPv4 address for key '0.0.0.0/0'");
-    EXPECT_EQ(faults[0].code, 0);
-}
-
-TEST(ReportFault, CutsTheTextAt299Characters) {
-    struct Case {
-        size_t key_length;
-        size_t text_length;
-    };
+TEST(ReportFault, SendsTheFormattedTextCutAt299CharactersWithTheSite) {
     const std::string prefix = "Unspecified IPv6 address for key '";
-    const Case cases[] = {
-        {10, prefix.size() + 10 + 1},
-        {298 - prefix.size(), 299},
-        {299 - prefix.size(), 299},
-        {1000, 299},
-    };
-    for (const Case& c : cases) {
+    for (const size_t key_length :
+         {size_t{10}, 298 - prefix.size(), 299 - prefix.size(), size_t{1000}}) {
         plugin_test::HostLog log;
-        const std::string key(c.key_length, 'k');
-        ReportFault(IPAPP_SOURCE_SITE, "Unspecified IPv6 address for key '%s'", key.c_str());
-        const auto faults = log.Faults();
-        ASSERT_EQ(faults.size(), 1u);
-        EXPECT_EQ(faults[0].text.size(), c.text_length) << "key of " << c.key_length;
-        EXPECT_EQ(faults[0].text.compare(0, prefix.size(), prefix), 0);
+        const std::string key(key_length, 'k');
+        ip_application::config_valid::ReportFault({"ReadConfig", "src/lib/config", 42},
+                                                  "Unspecified IPv6 address for key '%s'",
+                                                  key.c_str());
+        const std::string text = (prefix + key + "'").substr(0, 299);
+        EXPECT_EQ(log.Lines(),
+                  std::vector<std::string>{"fault: src/lib/config:<line>: ReadConfig: " + text +
+                                           " (code 0)"})
+            << "key of " << key_length;
     }
 }
 

@@ -9,14 +9,6 @@
 
 namespace plugin_test {
 
-struct Fault {
-    std::string file;
-    int line;
-    std::string function;
-    std::string text;
-    int code;
-};
-
 class HostLog {
   public:
     HostLog();
@@ -24,14 +16,11 @@ class HostLog {
     HostLog(const HostLog&) = delete;
     HostLog& operator=(const HostLog&) = delete;
 
-    // The fault reports so far, in order.
-    std::vector<Fault> Faults();
-    // The texts of the debug lines so far, in order.
-    std::vector<std::string> DebugLines();
-
-  private:
+    // The lines so far, "fault: <file>:<line>: <function>: <text> (code <code>)"
+    // and "debug: <text>", with a fault's source line written "<line>".
     std::vector<std::string> Lines();
 
+  private:
     char* buffer_ = nullptr;
     size_t size_ = 0;
     FILE* stream_;
