@@ -1,6 +1,7 @@
 /* maapi_diff_iterate / maapi_keypath_diff_iterate: operations, order and control. */
 #include <gtest/gtest.h>
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -38,18 +39,12 @@ constexpr const char* kCandidate = R"(
 </interface></config>)";
 
 const char* op_name(enum maapi_iter_op op) {
-    switch (op) {
-        case MOP_CREATED:
-            return "created";
-        case MOP_DELETED:
-            return "deleted";
-        case MOP_MODIFIED:
-            return "modified";
-        case MOP_VALUE_SET:
-            return "set";
-        default:
-            return "other";
-    }
+    static const std::map<enum maapi_iter_op, const char*> names = {{MOP_CREATED, "created"},
+                                                                    {MOP_DELETED, "deleted"},
+                                                                    {MOP_MODIFIED, "modified"},
+                                                                    {MOP_VALUE_SET, "set"}};
+    const auto found = names.find(op);
+    return found != names.end() ? found->second : "other";
 }
 
 // Records each event; answers with the reply of the first rule whose text
@@ -147,10 +142,10 @@ TEST_F(DiffIterate, APathNarrowsTheWalk) {
 
 TEST_F(DiffIterate, BadCallsAreErrors) {
     Recorder recorder;
-    EXPECT_EQ(maapi_keypath_diff_iterate(confd.maapi_socket(), confd.thandle(), Recorder::iterate,
-                                         0, &recorder, "/config/nosuch"),
-              CONFD_ERR);
-    EXPECT_EQ(confd_errno, CONFD_ERR_BADPATH);
+    EXPECT_EQ(confd_test::outcome(maapi_keypath_diff_iterate(confd.maapi_socket(), confd.thandle(),
+                                                             Recorder::iterate, 0, &recorder,
+                                                             "/config/nosuch")),
+              confd_test::error(CONFD_ERR_BADPATH));
     EXPECT_EQ(maapi_keypath_diff_iterate(confd.maapi_socket(), confd.thandle(), nullptr, 0,
                                          &recorder, "/config"),
               CONFD_ERR);

@@ -4,8 +4,8 @@
 
 namespace confd_test {
 
-// Interfaces l3 5 (full), 10 and 2 (in that order in the text), a loopback,
-// the management interface, two static routes, the internal tables.
+// Interfaces l3 5 (full), 10 and 2 (in that order in the text), two static
+// routes, the internal tables.
 constexpr const char* kCandidate = R"(
 <config xmlns="urn:ipapp:yang:device-config">
   <interface>
@@ -25,15 +25,6 @@ constexpr const char* kCandidate = R"(
     </l3>
     <l3 xmlns="urn:ipapp:yang:ipapp"><name>10</name></l3>
     <l3 xmlns="urn:ipapp:yang:ipapp"><name>2</name></l3>
-    <loopback xmlns="urn:ipapp:yang:ipapp">
-      <name>1</name>
-      <ipv4><address><ip>192.0.2.1/32</ip></address></ipv4>
-    </loopback>
-    <mgmt xmlns="urn:ipapp:yang:ipapp">
-      <name>0</name>
-      <vrf>mgmt</vrf>
-      <ipv4><address><ip>172.16.0.10/16</ip></address></ipv4>
-    </mgmt>
   </interface>
 </config>
 <DC-RTM-MIB xmlns="urn:ipapp:yang:DC-RTM-MIB">

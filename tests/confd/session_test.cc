@@ -12,10 +12,14 @@
 
 namespace {
 
+using confd_test::error;
+using confd_test::outcome;
+
 constexpr const char* kRunning = R"(
 <config xmlns="urn:ipapp:yang:device-config"><interface>
   <l3 xmlns="urn:ipapp:yang:ipapp"><name>5</name><lower-layer-if><vlan>99</vlan></lower-layer-if></l3>
 </interface></config>)";
+constexpr const char* kVlan = "/config/interface/l3{5}/lower-layer-if/vlan";
 
 int new_socket() {
     return socket(PF_INET, SOCK_STREAM, 0);
@@ -28,11 +32,11 @@ TEST(Sockets, ConnectOnlyWhereADatastoreIsServed) {
     nobody.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     nobody.sin_port = htons(1);
     const int sock = new_socket();
-    EXPECT_EQ(maapi_connect(sock, reinterpret_cast<sockaddr*>(&nobody), sizeof nobody), CONFD_ERR);
-    EXPECT_EQ(confd_errno, CONFD_ERR_OS);
+    EXPECT_EQ(outcome(maapi_connect(sock, reinterpret_cast<sockaddr*>(&nobody), sizeof nobody)),
+              error(CONFD_ERR_OS));
     EXPECT_EQ(maapi_connect(sock, nullptr, 0), CONFD_ERR);
-    EXPECT_EQ(maapi_connect(-1, confd.address(), confd.address_length()), CONFD_ERR);
-    EXPECT_EQ(confd_errno, CONFD_ERR_OS);
+    EXPECT_EQ(outcome(maapi_connect(-1, confd.address(), confd.address_length())),
+              error(CONFD_ERR_OS));
     EXPECT_EQ(maapi_start_trans(sock, CONFD_CANDIDATE, CONFD_READ), CONFD_ERR);
     EXPECT_EQ(maapi_close(sock), CONFD_ERR);  // never connected: not ours to close
     ASSERT_EQ(maapi_connect(sock, confd.address(), confd.address_length()), CONFD_OK);
@@ -57,36 +61,31 @@ TEST(Transactions, HandlesMustBeKnownAndAttached) {
     ipapp_test::ConfdFixture confd("", confd_test::kCandidate);
     const int other = new_socket();
     ASSERT_EQ(maapi_connect(other, confd.address(), confd.address_length()), CONFD_OK);
-    EXPECT_EQ(maapi_exists(other, confd.thandle(), "/config/interface/l3{5}"), CONFD_ERR);
-    EXPECT_EQ(confd_errno, CONFD_ERR_BADSTATE);
+    const char* l3 = "/config/interface/l3{5}";
+    EXPECT_EQ(outcome(maapi_exists(other, confd.thandle(), l3)), error(CONFD_ERR_BADSTATE));
     EXPECT_EQ(maapi_attach(other, 0, confd.tctx()), CONFD_OK);
-    EXPECT_EQ(maapi_exists(other, confd.thandle(), "/config/interface/l3{5}"), 1);
+    EXPECT_EQ(maapi_exists(other, confd.thandle(), l3), 1);
     EXPECT_EQ(maapi_detach(other, confd.tctx()), CONFD_OK);
-    EXPECT_EQ(maapi_exists(other, confd.thandle(), "/config/interface/l3{5}"), CONFD_ERR);
+    EXPECT_EQ(maapi_exists(other, confd.thandle(), l3), CONFD_ERR);
 
     confd_trans_ctx unknown{};
     unknown.thandle = 999999;
-    EXPECT_EQ(maapi_attach(other, 0, &unknown), CONFD_ERR);
-    EXPECT_EQ(confd_errno, CONFD_ERR_NOEXISTS);
-    EXPECT_EQ(maapi_exists(other, 999999, "/config"), CONFD_ERR);
-    EXPECT_EQ(confd_errno, CONFD_ERR_NOEXISTS);
+    EXPECT_EQ(outcome(maapi_attach(other, 0, &unknown)), error(CONFD_ERR_NOEXISTS));
+    EXPECT_EQ(outcome(maapi_exists(other, 999999, "/config")), error(CONFD_ERR_NOEXISTS));
     EXPECT_EQ(maapi_attach(other, 0, nullptr), CONFD_ERR);
     EXPECT_EQ(maapi_start_trans(other, CONFD_STARTUP, CONFD_READ), CONFD_ERR);
     EXPECT_EQ(maapi_close(other), CONFD_OK);
 }
 
+// A transaction keeps the tree it started with.
 TEST(Transactions, RunningAndCandidateAreSeparateAndSnapshotted) {
     ipapp_test::ConfdFixture confd(kRunning, confd_test::kCandidate);
     const int s = confd.maapi_socket();
     const int running = maapi_start_trans(s, CONFD_RUNNING, CONFD_READ);
     int32_t vlan = 0;
-    EXPECT_EQ(
-        maapi_get_int32_elem(s, running, &vlan, "/config/interface/l3{5}/lower-layer-if/vlan"),
-        CONFD_OK);
+    EXPECT_EQ(maapi_get_int32_elem(s, running, &vlan, kVlan), CONFD_OK);
     EXPECT_EQ(vlan, 99);
-    EXPECT_EQ(maapi_get_int32_elem(s, confd.thandle(), &vlan,
-                                   "/config/interface/l3{5}/lower-layer-if/vlan"),
-              CONFD_OK);
+    EXPECT_EQ(maapi_get_int32_elem(s, confd.thandle(), &vlan, kVlan), CONFD_OK);
     EXPECT_EQ(vlan, 100);
     confd.datastore().set_candidate("", confdstore::DataFormat::xml, "replacement");
     EXPECT_EQ(maapi_exists(s, confd.thandle(), "/config/interface/l3{5}"), 1);
@@ -101,34 +100,31 @@ TEST(Cdb, ReadsRunningWhileMaapiReadsTheCandidate) {
     const int cdb = new_socket();
     ASSERT_EQ(cdb_connect(cdb, CDB_READ_SOCKET, confd.address(), confd.address_length()), CONFD_OK);
     int32_t vlan = 0;
-    EXPECT_EQ(cdb_get_int32(cdb, &vlan, "/config/interface/l3{%s}/lower-layer-if/vlan", "5"),
-              CONFD_ERR);
-    EXPECT_EQ(confd_errno, CONFD_ERR_NOSESSION);
+    EXPECT_EQ(
+        outcome(cdb_get_int32(cdb, &vlan, "/config/interface/l3{%s}/lower-layer-if/vlan", "5")),
+        error(CONFD_ERR_NOSESSION));
     ASSERT_EQ(cdb_start_session(cdb, CDB_RUNNING), CONFD_OK);
-    EXPECT_EQ(cdb_start_session(cdb, CDB_RUNNING), CONFD_ERR);
+    EXPECT_EQ(outcome(cdb_start_session(cdb, CDB_RUNNING)), error(CONFD_ERR_BADSTATE));
     EXPECT_EQ(cdb_get_int32(cdb, &vlan, "/config/interface/l3{%s}/lower-layer-if/vlan", "5"),
               CONFD_OK);
     EXPECT_EQ(vlan, 99);
     int32_t candidate_vlan = 0;
-    EXPECT_EQ(maapi_get_int32_elem(confd.maapi_socket(), confd.thandle(), &candidate_vlan,
-                                   "/config/interface/l3{5}/lower-layer-if/vlan"),
+    EXPECT_EQ(maapi_get_int32_elem(confd.maapi_socket(), confd.thandle(), &candidate_vlan, kVlan),
               CONFD_OK);
     EXPECT_EQ(candidate_vlan, 100);
     EXPECT_EQ(cdb_exists(cdb, "/config/interface/l3{10}"), 0);
     EXPECT_EQ(cdb_num_instances(cdb, "/config/interface/l3"), 1);
     u_int32_t unsigned_vlan = 0;
-    EXPECT_EQ(cdb_get_u_int32(cdb, &unsigned_vlan, "/config/interface/l3{5}/lower-layer-if/vlan"),
-              CONFD_ERR);
-    EXPECT_EQ(confd_errno, CONFD_ERR_BADTYPE);
-    EXPECT_EQ(cdb_get_int32(cdb, &vlan, "/config/interface/l3{10}/lower-layer-if/vlan"), CONFD_ERR);
-    EXPECT_EQ(confd_errno, CONFD_ERR_NOEXISTS);
+    EXPECT_EQ(outcome(cdb_get_u_int32(cdb, &unsigned_vlan, kVlan)), error(CONFD_ERR_BADTYPE));
+    EXPECT_EQ(outcome(cdb_get_int32(cdb, &vlan, "/config/interface/l3{10}/lower-layer-if/vlan")),
+              error(CONFD_ERR_NOEXISTS));
     confd_value_t v;
     EXPECT_EQ(cdb_get(cdb, &v, "/config/interface/l3{5}/name"), CONFD_OK);
     EXPECT_EQ(confd_test::pp(v), "5");
     confd_free_value(&v);
     EXPECT_EQ(cdb_end_session(cdb), CONFD_OK);
-    EXPECT_EQ(cdb_end_session(cdb), CONFD_ERR);
-    EXPECT_EQ(cdb_start_session(cdb, CDB_OPERATIONAL), CONFD_ERR);
+    EXPECT_EQ(outcome(cdb_end_session(cdb)), error(CONFD_ERR_NOSESSION));
+    EXPECT_EQ(outcome(cdb_start_session(cdb, CDB_OPERATIONAL)), error(CONFD_ERR_NOEXISTS));
     EXPECT_EQ(maapi_exists(cdb, confd.thandle(), "/config"), CONFD_ERR);  // not a MAAPI socket
     EXPECT_EQ(cdb_close(cdb), CONFD_OK);
 }

@@ -2,6 +2,8 @@
 #ifndef CONFD_TESTS_TEST_UTIL_H
 #define CONFD_TESTS_TEST_UTIL_H
 
+#include <filesystem>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -21,6 +23,22 @@ inline std::string pp(const confd_hkeypath_t& keypath) {
     char text[1024];
     confd_pp_kpath(text, sizeof text, &keypath);
     return text;
+}
+
+// A call's result as "<result>", or "error <confd_errno>" for CONFD_ERR,
+// so that a result and its errno are checked in one comparison.
+inline std::string outcome(int result) {
+    return result == CONFD_ERR ? "error " + std::to_string(confd_errno) : std::to_string(result);
+}
+
+inline std::string error(int confd_error) {
+    return "error " + std::to_string(confd_error);
+}
+
+// Writes text to a file and gives its path.
+inline std::string write_file(const std::filesystem::path& path, const std::string& text) {
+    std::ofstream(path) << text;
+    return path.string();
 }
 
 // The schema of the test-only modules (tests/confd/yang).

@@ -20,7 +20,6 @@ confd_value_t make(const std::function<void(confd_value_t*)>& set) {
 }
 
 struct PrintCase {
-    const char* name;
     confd_value_t value;
     const char* text;
 };
@@ -38,35 +37,31 @@ std::vector<PrintCase> print_cases() {
     confd_decimal64 d64{-12345, 2};
     confd_decimal64 bad64{7, 0};
     return {
-        {"buffer uses its size", make([](auto v) { CONFD_SET_BUF(v, kText, 3); }), "www"},
-        {"string", make([](auto v) { CONFD_SET_STR(v, "abc"); }), "abc"},
-        {"int8", make([](auto v) { CONFD_SET_INT8(v, -128); }), "-128"},
-        {"int32", make([](auto v) { CONFD_SET_INT32(v, -2147483647 - 1); }), "-2147483648"},
-        {"uint32", make([](auto v) { CONFD_SET_UINT32(v, 4294967295u); }), "4294967295"},
-        {"uint64", make([](auto v) { CONFD_SET_UINT64(v, 18446744073709551615ull); }),
+        {make([](auto v) { CONFD_SET_BUF(v, kText, 3); }), "www"},
+        {make([](auto v) { CONFD_SET_STR(v, "abc"); }), "abc"},
+        {make([](auto v) { CONFD_SET_INT8(v, -128); }), "-128"},
+        {make([](auto v) { CONFD_SET_INT32(v, -2147483647 - 1); }), "-2147483648"},
+        {make([](auto v) { CONFD_SET_UINT32(v, 4294967295u); }), "4294967295"},
+        {make([](auto v) { CONFD_SET_UINT64(v, 18446744073709551615ull); }),
          "18446744073709551615"},
-        {"enum without schema", make([](auto v) { CONFD_SET_ENUM_VALUE(v, 16); }), "enum<16>"},
-        {"bool", make([](auto v) { CONFD_SET_BOOL(v, 1); }), "true"},
-        {"ipv4", make([&](auto v) { CONFD_SET_IPV4(v, v4); }), "10.1.2.3"},
-        {"ipv6", make([&](auto v) { CONFD_SET_IPV6(v, v6); }), "2001:db8::1"},
-        {"ipv4 and length keeps host bits", make([&](auto v) { CONFD_SET_IPV4_AND_PLEN(v, p4); }),
-         "10.1.2.3/24"},
-        {"ipv6 and length", make([&](auto v) { CONFD_SET_IPV6_AND_PLEN(v, p6); }),
-         "2001:db8::1/64"},
-        {"binary as hex octets", make([](auto v) { CONFD_SET_BINARY(v, kOctets, 4); }),
-         "0a:00:ff:01"},
-        {"empty binary", make([](auto v) { CONFD_SET_BINARY(v, kOctets, 0); }), ""},
-        {"decimal64", make([&](auto v) { CONFD_SET_DECIMAL64(v, d64); }), "-123.45"},
-        {"decimal64 without digits", make([&](auto v) { CONFD_SET_DECIMAL64(v, bad64); }),
-         "invalid64<7>"},
-        {"unknown tag", make([](auto v) { CONFD_SET_XMLTAG(v, 12345, 1); }), "tag<12345>"},
-        {"no value", make([](auto v) { CONFD_SET_NOEXISTS(v); }), ""},
+        {make([](auto v) { CONFD_SET_ENUM_VALUE(v, 16); }), "enum<16>"},
+        {make([](auto v) { CONFD_SET_BOOL(v, 1); }), "true"},
+        {make([&](auto v) { CONFD_SET_IPV4(v, v4); }), "10.1.2.3"},
+        {make([&](auto v) { CONFD_SET_IPV6(v, v6); }), "2001:db8::1"},
+        {make([&](auto v) { CONFD_SET_IPV4_AND_PLEN(v, p4); }), "10.1.2.3/24"},
+        {make([&](auto v) { CONFD_SET_IPV6_AND_PLEN(v, p6); }), "2001:db8::1/64"},
+        {make([](auto v) { CONFD_SET_BINARY(v, kOctets, 4); }), "0a:00:ff:01"},
+        {make([](auto v) { CONFD_SET_BINARY(v, kOctets, 0); }), ""},
+        {make([&](auto v) { CONFD_SET_DECIMAL64(v, d64); }), "-123.45"},
+        {make([&](auto v) { CONFD_SET_DECIMAL64(v, bad64); }), "invalid64<7>"},
+        {make([](auto v) { CONFD_SET_XMLTAG(v, 12345, 1); }), "tag<12345>"},
+        {make([](auto v) { CONFD_SET_NOEXISTS(v); }), ""},
     };
 }
 
 TEST(PrettyPrint, EveryTypeTheProjectUses) {
     for (const PrintCase& c : print_cases()) {
-        EXPECT_EQ(pp(c.value), c.text) << c.name;
+        EXPECT_EQ(pp(c.value), c.text);
     }
 }
 
