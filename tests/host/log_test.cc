@@ -1,8 +1,6 @@
 // Layout, switches and robustness of the fault report and debug log.
 #include <gtest/gtest.h>
 #include <stdarg.h>
-#include <stdio.h>
-#include <stdlib.h>
 
 #include <map>
 #include <sstream>
@@ -82,22 +80,6 @@ TEST(DebugLog, FormatsOneLineThroughTheHostsHandleWhileOn) {
     EXPECT_EQ(text, "debug: compound ID 65541!\ndebug: 'a' and 'b'\ndebug: key " + long_key +
                         " end\ndebug: trailing newline dropped\ndebug: (null)\n"
                         "fault: a.c:2: f: still reported (code 1)\ndebug: on again\n");
-}
-
-TEST(LogStream, GoesWhereTheHostSetsIt) {
-    char* buffer = nullptr;
-    size_t size = 0;
-    FILE* stream = open_memstream(&buffer, &size);
-    const std::string on_stderr = written_to_stderr([&] {
-        velmw_log_set_stream(stream);
-        velmw_gen_fault(0, "f", "a.c", 1, "to the stream");
-        velmw_log_set_stream(nullptr);
-        log_debug(get_config_vald_log_handle(), "%d", 42);
-    });
-    fclose(stream);
-    EXPECT_EQ(std::string(buffer, size), "fault: a.c:1: f: to the stream (code 0)\n");
-    EXPECT_EQ(on_stderr, "debug: 42\n");
-    free(buffer);
 }
 
 // Each writer writes the same long line; a line cut or interleaved shows up
