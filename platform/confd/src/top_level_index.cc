@@ -28,7 +28,7 @@ TopLevelIndex::TopLevelIndex(const lyd_node* first) {
         if (node->schema == nullptr) {
             continue;  // an opaque node: no path names it
         }
-        first_.emplace(node->schema, node);
+        first_.emplace(node->schema, node);  // keeps the first instance
         if (is_entry(node->schema)) {
             entries_.emplace_back(node->hash, node);
         }
