@@ -2,8 +2,6 @@
 // plug-in holds a route's next hop.
 #include <gtest/gtest.h>
 
-#include <sstream>
-
 #include "address_text.h"
 
 namespace nettypes_test {
@@ -41,10 +39,8 @@ TEST(AddressTest, TextFormStreamAndUnspecified) {
     for (const auto& c : kTextCases) {
         SCOPED_TRACE(c.input);
         const auto addr = Address(c.input);
-        std::ostringstream streamed;
-        streamed << *addr;
         EXPECT_EQ(addr->to_string(), c.text);
-        EXPECT_EQ(streamed.str(), c.text);
+        EXPECT_EQ(Streamed(*addr), c.text);
         EXPECT_EQ(addr->is_unspecified(), c.unspecified);
         EXPECT_TRUE(*Address(c.text) == *addr);
     }

@@ -7,6 +7,7 @@
 #include <arpa/inet.h>
 
 #include <memory>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <type_traits>
@@ -61,6 +62,14 @@ inline std::unique_ptr<nettypes::IPAddrMask> AnyPrefix(const std::string& text) 
         return std::make_unique<nettypes::IPv6AddrMask>(Prefix<nettypes::IPv6AddrMask>(text));
     }
     return std::make_unique<nettypes::IPv4AddrMask>(Prefix<nettypes::IPv4AddrMask>(text));
+}
+
+// What the stream operator writes for a value.
+template <typename Value>
+std::string Streamed(const Value& value) {
+    std::ostringstream out;
+    out << value;
+    return out.str();
 }
 
 }  // namespace nettypes_test

@@ -4,8 +4,6 @@
 // /0, the full width, lengths past it and the largest unsigned length.
 #include <gtest/gtest.h>
 
-#include <sstream>
-
 #include "address_text.h"
 
 namespace nettypes_test {
@@ -99,13 +97,11 @@ TEST(PrefixTest, HostBitsUnspecifiedAndTextThroughTheBase) {
     for (const auto& c : kValueCases) {
         SCOPED_TRACE(c.input);
         const auto value = AnyPrefix(c.input);
-        std::ostringstream streamed;
-        streamed << *value;
         EXPECT_EQ(value->IsNetworkAddr(), c.network);
         EXPECT_EQ(value->IsBroadcastAddr(), c.broadcast);
         EXPECT_EQ(value->IsUnspecified(), c.unspecified);
         EXPECT_EQ(value->to_string(), c.input);
-        EXPECT_EQ(streamed.str(), c.input);
+        EXPECT_EQ(Streamed(*value), c.input);
     }
 }
 
