@@ -47,8 +47,8 @@ TEST(ValidateLowerLayerCrossProt, FirstEntryOfTheCommittedVlansIndexInKeyOrder) 
         {"an index that cannot be read compares as 0",
          Ospfv3Interface(3, "0.0.0.1", "l3-5", kVlan100IfIndex), "maapi_get_u_int32_elem",
          "/internal/ospfv3-interface-l3{3 0.0.0.1 l3-5}/ospfv3-pm-if-index", ""},
-        {"a committed VLAN that cannot be read passes",
-         Ospfv3Interface(3, "0.0.0.1", "l3-5", kVlan100IfIndex), "cdb_get_int32",
+        {"a committed VLAN that cannot be read passes, even by an entry of index 0",
+         Ospfv3Interface(3, "0.0.0.1", "l3-5", std::nullopt), "cdb_get_int32",
          "/config/interface/l3{5}/lower-layer-if/vlan", ""},
     };
     for (const Case& c : cases) {
