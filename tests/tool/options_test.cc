@@ -66,6 +66,8 @@ TEST(Options, AcceptedOrRefusedWithTheReason) {
         {{"a.xml", "b.xml"}, "refused: more than one candidate configuration: 'b.xml'"},
         {{"--candidate", "a.xml", "b.xml"},
          "refused: more than one candidate configuration: 'b.xml'"},
+        {{"a.xml", "--candidate", "b.xml"},
+         "refused: more than one candidate configuration: 'b.xml'"},
         {{"--running", "r.xml"}, "refused: no candidate configuration given"},
         {{"--format", "xml", "c.xml"}, "refused: --format takes text or json, not 'xml'"},
         {{"--call", "p", "c.xml"}, "refused: --call takes POINT=KEYPATH, not 'p'"},

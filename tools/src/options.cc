@@ -25,6 +25,14 @@ void SetOnce(std::string& target, const std::string& value, const char* name) {
     target = value;
 }
 
+// The candidate is named by --candidate or by the one positional argument.
+void SetCandidate(Options& options, const std::string& file) {
+    if (!options.candidate_file.empty()) {
+        throw UsageError("more than one candidate configuration: '" + file + "'");
+    }
+    SetOnce(options.candidate_file, file, "candidate");
+}
+
 OutputFormat ParseFormat(const std::string& value) {
     if (value == "text") {
         return OutputFormat::text;
@@ -46,7 +54,7 @@ ExplicitCall ParseCall(const std::string& value) {
 const std::vector<OptionDefinition>& OptionTable() {
     static const std::vector<OptionDefinition> table = {
         {"candidate", "FILE", "the candidate configuration (or give FILE as the only argument)",
-         [](Options& o, const std::string& v) { SetOnce(o.candidate_file, v, "candidate"); }},
+         [](Options& o, const std::string& v) { SetCandidate(o, v); }},
         {"running", "FILE", "the running configuration (default: empty)",
          [](Options& o, const std::string& v) { SetOnce(o.running_file, v, "running"); }},
         {"yang", "DIR", "the directory of the YANG modules (default: the bundled model)",
@@ -88,13 +96,6 @@ const OptionDefinition& FindOption(const std::string& name) {
     throw UsageError("unknown option '--" + name + "'");
 }
 
-void SetPositional(Options& options, const std::string& argument) {
-    if (!options.candidate_file.empty()) {
-        throw UsageError("more than one candidate configuration: '" + argument + "'");
-    }
-    SetOnce(options.candidate_file, argument, "candidate");
-}
-
 void CheckCombination(const Options& options) {
     if (options.help || options.version || options.list_points) {
         return;
@@ -115,7 +116,7 @@ Options ParseOptions(const std::vector<std::string>& arguments) {
     for (size_t i = 0; i < arguments.size(); ++i) {
         const std::string& argument = arguments[i];
         if (options_ended || argument.size() < 2 || argument.compare(0, 1, "-") != 0) {
-            SetPositional(options, argument);
+            SetCandidate(options, argument);
             continue;
         }
         if (argument == "--") {

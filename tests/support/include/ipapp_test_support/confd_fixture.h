@@ -10,7 +10,7 @@
  *   maapi_exists(confd.maapi_socket(), tctx->thandle, "/config/interface/l3{5}");
  *
  * XML holds the top-level elements of the configuration with their
- * namespaces (see tests/confd/data for examples); an empty text is an empty
+ * namespaces (see examples/running.xml); an empty text is an empty
  * configuration. Invalid data throws confdstore::Error with libyang's message.
  * For CDB, connect a socket to address() with cdb_connect. The fixture closes
  * its socket, ends its transaction and stops serving when destroyed; the
