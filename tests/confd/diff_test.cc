@@ -154,4 +154,36 @@ TEST_F(DiffIterate, BadCallsAreErrors) {
     EXPECT_TRUE(recorder.events.empty());
 }
 
+// Rows of a top-level list: each row is a sibling at the root of the tree.
+std::string GlobalRow(int index, const char* interface_name) {
+    return "<rtmStaticRtEntry-global xmlns=\"urn:ipapp:yang:DC-RTM-MIB\"><index>" +
+           std::to_string(index) +
+           "</index><destination>0a:00:00:00</destination><prefix-len>8</prefix-len>"
+           "<next-hop>0a:00:00:01</next-hop><interface-name>" +
+           interface_name + "</interface-name></rtmStaticRtEntry-global>";
+}
+
+TEST(DiffIterateTopLevel, RowsAtTheRootDiffLikeNestedOnes) {
+    const std::string running = GlobalRow(1, "l3-1") + GlobalRow(2, "l3-2") + GlobalRow(3, "l3-3");
+    const std::string candidate =
+        GlobalRow(4, "l3-4") + GlobalRow(3, "l3-3") + GlobalRow(2, "l3-9");
+    ipapp_test::ConfdFixture confd(running, candidate);
+    Recorder recorder;
+    ASSERT_EQ(maapi_keypath_diff_iterate(confd.maapi_socket(), confd.thandle(), Recorder::iterate,
+                                         0, &recorder, "/rtmStaticRtEntry-global"),
+              CONFD_OK)
+        << confd_lasterr();
+    const std::string row = "/rtmStaticRtEntry-global{";
+    const std::string keys = " 0a:00:00:00 8 0a:00:00:01}";
+    EXPECT_EQ(recorder.events, (std::vector<std::string>{
+                                   "deleted " + row + "1" + keys,
+                                   "modified " + row + "2" + keys,
+                                   "set " + row + "2" + keys + "/interface-name = l3-9",
+                                   "created " + row + "4" + keys,
+                                   "set " + row + "4" + keys + "/interface-name = l3-4",
+                               }));
+    EXPECT_EQ(
+        maapi_num_instances(confd.maapi_socket(), confd.thandle(), "/rtmStaticRtEntry-global"), 3);
+}
+
 }  // namespace
