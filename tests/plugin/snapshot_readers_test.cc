@@ -87,18 +87,15 @@ struct Reading {
     void (*read)(Config&);
     std::vector<std::string> (*held)(const Config&);
 };
-const Reading kL3IPv4{[](Config& c) { c.l3_config.ReadConfigIfNeeded(kIPv4); },
-                      [](const Config& c) { return Held(c.l3_config); }};
-const Reading kL3IPv6{[](Config& c) { c.l3_config.ReadConfigIfNeeded(kIPv6); },
-                      [](const Config& c) { return Held(c.l3_config); }};
-const Reading kMgmtIPv4{[](Config& c) { c.mgmt_config.ReadConfigIfNeeded(kIPv4); },
-                        [](const Config& c) { return Held(c.mgmt_config); }};
-const Reading kRoutesIPv4{[](Config& c) { c.static_route_config.ReadConfigIfNeeded(kIPv4); },
-                          [](const Config& c) { return Held(c.static_route_config); }};
-const Reading kRoutesIPv6{[](Config& c) { c.static_route_config.ReadConfigIfNeeded(kIPv6); },
-                          [](const Config& c) { return Held(c.static_route_config); }};
-const Reading kOspfv2{[](Config& c) { c.ospfv2_config.ReadConfigIfNeeded(kIPv4); },
-                      [](const Config& c) { return Held(c.ospfv2_config); }};
+template <auto reader, ConfigAddrFamily family>
+constexpr Reading kRead{[](Config& c) { (c.*reader).ReadConfigIfNeeded(family); },
+                        [](const Config& c) { return Held(c.*reader); }};
+constexpr Reading kL3IPv4 = kRead<&Config::l3_config, kIPv4>;
+constexpr Reading kL3IPv6 = kRead<&Config::l3_config, kIPv6>;
+constexpr Reading kMgmtIPv4 = kRead<&Config::mgmt_config, kIPv4>;
+constexpr Reading kRoutesIPv4 = kRead<&Config::static_route_config, kIPv4>;
+constexpr Reading kRoutesIPv6 = kRead<&Config::static_route_config, kIPv6>;
+constexpr Reading kOspfv2 = kRead<&Config::ospfv2_config, kIPv4>;
 
 // "threw <kind>" when the read throws, then what the reader holds.
 std::vector<std::string> Outcome(const Reading& reading, Config& config) {
