@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <ipapp.h>
 
+#include <cstring>
 #include <functional>
 #include <string>
 #include <utility>
@@ -78,8 +79,8 @@ std::string RouteInterfaceName(confd_value_t prefix_len, confd_value_t fte_index
     return L3Config().get_intf_name_from_route(cursor);
 }
 
-// A model of one module, named like the project's, whose l3 key and OSPFv3 keys have
-// the types given, and l3 5 with its VLAN (and an OSPFv3 entry) in it.
+// A model of one module, named like the project's, whose l3 key and OSPFv3
+// keys have the types given.
 confdstore::Schema Model(const std::string& l3_key, const std::string& process,
                          const std::string& area, const std::string& name) {
     return plugin_test::SchemaOf(
@@ -94,6 +95,7 @@ confdstore::Schema Model(const std::string& l3_key, const std::string& process,
                      process + "; } leaf ospfv3-pm-area-id { type " + area +
                      "; } leaf ospfv3-pm-if-name { type " + name + "; } } } }");
 }
+// l3 5 on the VLAN in that model, with an OSPFv3 entry of the keys given.
 std::string L3Vlan(int vlan, const std::string& ospfv3_keys = "") {
     return "<config xmlns=\"urn:m\"><interface><l3><name>5</name><lower-layer-if><vlan>" +
            std::to_string(vlan) + "</vlan></lower-layer-if></l3></interface></config>" +
@@ -110,6 +112,7 @@ void LowerLayerWithOspfv3Keys(const char* process, const char* area, const char*
         .RunOnLowerLayer(validate_lower_layer_cross_prot, "5");
 }
 
+// A pattern that matches the text as it is.
 std::string Literal(const std::string& text) {
     std::string pattern;
     for (char c : text) {
@@ -119,6 +122,7 @@ std::string Literal(const std::string& text) {
     return pattern;
 }
 
+// The function name a handler's assertions report: its signature.
 std::string Handler(const std::string& name) {
     return "int32_t " + name +
            "(int32_t, confd_trans_ctx*, confd_hkeypath_t*, confd_value_t*, "
