@@ -28,7 +28,7 @@ bool has_marker_char(const char* text) {
 
 // One printf conversion after its '%', with '*' replaced by the argument.
 struct Conversion {
-    std::string spec = "%";
+    std::string directive = "%";  // the whole directive, as printf takes it
     std::string length;
     char letter = '\0';
 };
@@ -109,14 +109,14 @@ bool Expander::expand(const char*& p, std::string& error) {
 
 bool Expander::parse_conversion(const char*& p, Conversion& c, std::string& error) {
     while (*p != '\0' && std::strchr("-+ #0'", *p) != nullptr) {
-        c.spec += *p++;
+        c.directive += *p++;
     }
     for (int part = 0; part < 2; ++part) {
         if (part == 1) {
             if (*p != '.') {
                 break;
             }
-            c.spec += *p++;
+            c.directive += *p++;
         }
         // A width or precision that makes the text too long is refused before
         // printf has to produce it.
@@ -134,7 +134,7 @@ bool Expander::parse_conversion(const char*& p, Conversion& c, std::string& erro
             return false;
         }
         if (given) {
-            c.spec += std::to_string(number);
+            c.directive += std::to_string(number);
         }
     }
     static const char* const lengths[] = {"hh", "ll", "h", "l", "L", "j", "z", "t"};
@@ -150,19 +150,19 @@ bool Expander::parse_conversion(const char*& p, Conversion& c, std::string& erro
         return false;
     }
     c.letter = *p++;
-    c.spec += c.length + c.letter;
+    c.directive += c.length + c.letter;
     return true;
 }
 
 template <typename T>
 void Expander::print(const Conversion& conversion, T argument) {
-    const int size = std::snprintf(nullptr, 0, conversion.spec.c_str(), argument);
+    const int size = std::snprintf(nullptr, 0, conversion.directive.c_str(), argument);
     if (size <= 0 || static_cast<size_t>(size) > kMaxPathLength) {
         too_long_ = size > 0;
         return;
     }
     std::string text(static_cast<size_t>(size) + 1, '\0');
-    std::snprintf(text.data(), text.size(), conversion.spec.c_str(), argument);
+    std::snprintf(text.data(), text.size(), conversion.directive.c_str(), argument);
     text.resize(static_cast<size_t>(size));
     out_.text += text;
 }
