@@ -356,37 +356,28 @@ typedef struct confd_tag_value {
 #define CONFD_SET_OID(v, x) CONFD_SET_TYPED_(v, C_OID, oidp, x)
 #define CONFD_SET_STR(v, x) CONFD_SET_TYPED_(v, C_STR, c_s, x)
 
-#define CONFD_SET_BUF_TYPED_(v, T, p, len) \
-    do {                                   \
-        confd_value_t* __vp = (v);         \
-        __vp->type = T;                    \
-        __vp->val.c_buf.ptr = (p);         \
-        __vp->val.c_buf.size = (len);      \
+/* Sets the type and two members of a value. */
+#define CONFD_SET_TWO_(v, T, first, x, second, y) \
+    do {                                          \
+        confd_value_t* __vp = (v);                \
+        __vp->type = T;                           \
+        __vp->val.first = (x);                    \
+        __vp->val.second = (y);                   \
     } while (0)
+
+#define CONFD_SET_BUF_TYPED_(v, T, p, len) CONFD_SET_TWO_(v, T, c_buf.ptr, p, c_buf.size, len)
 
 #define CONFD_SET_BUF(v, p, len) CONFD_SET_BUF_TYPED_(v, C_BUF, p, len)
 #define CONFD_SET_CBUF(v, p, len) CONFD_SET_BUF(v, (const unsigned char*)(p), len)
 #define CONFD_SET_BINARY(v, p, len) CONFD_SET_BUF_TYPED_(v, C_BINARY, p, len)
 #define CONFD_SET_HEXSTR(v, p, len) CONFD_SET_BUF_TYPED_(v, C_HEXSTR, p, len)
 
-#define CONFD_SET_XMLTAG(v, t, n)   \
-    do {                            \
-        confd_value_t* __vp = (v);  \
-        __vp->type = C_XMLTAG;      \
-        __vp->val.xmltag.tag = (t); \
-        __vp->val.xmltag.ns = (n);  \
-    } while (0)
+#define CONFD_SET_XMLTAG(v, t, n) CONFD_SET_TWO_(v, C_XMLTAG, xmltag.tag, t, xmltag.ns, n)
 
 #define CONFD_SET_NOEXISTS(v) ((v)->type = C_NOEXISTS)
 #define CONFD_SET_DEFAULT(v) ((v)->type = C_DEFAULT)
 
-#define CONFD_SET_LIST(v, p, n)    \
-    do {                           \
-        confd_value_t* __vp = (v); \
-        __vp->type = C_LIST;       \
-        __vp->val.list.ptr = (p);  \
-        __vp->val.list.size = (n); \
-    } while (0)
+#define CONFD_SET_LIST(v, p, n) CONFD_SET_TWO_(v, C_LIST, list.ptr, p, list.size, n)
 
 /* Operations and results of diff iteration. */
 enum confd_iter_op {
