@@ -19,9 +19,12 @@ constexpr const char* kModelViolation =
     R"(<l3 xmlns="urn:ipapp:yang:ipapp"><name>5</name><ipv6><nd><ra>)"
     R"(<max-interval>70000</max-interval></ra></nd></ipv6></l3></interface></config>)";
 
+using namespace std::string_literals;
+
 struct BadInput {
     // A file to write into the case's directory first (a name that ends in
-    // "/" is a directory), and its content.
+    // "/" is a directory), and its content; content that starts with "->" makes
+    // the file a symbolic link to the rest.
     std::string file;
     std::string content;
     // "@/" in arguments and fragments stands for the case's directory.
@@ -63,6 +66,32 @@ const BadInput kBadInputs[] = {
      {"no entry point 'get_validation_point'"}},
     {"", "", {"--yang", "@/", "@/candidate.xml"}, {"no YANG modules"}},
     {"", "", {"--log", "@/none/log", "@/candidate.xml"}, {"@/none/log", "cannot open"}},
+    {"nul.xml",
+     "<config xmlns=\"urn:ipapp:yang:device-config\"/>\0<rtmStaticRtEntry/>"s,
+     {"@/nul.xml"},
+     {"@/nul.xml: NUL byte at offset 46"}},
+    {"zeros.xml", std::string(4096, '\0'), {"@/zeros.xml"}, {"@/zeros.xml: NUL byte at offset 0"}},
+    {"twice.json",
+     R"({"device-config:config":{}} {"device-config:config":{}})",
+     {"@/twice.json"},
+     {"@/twice.json: content after the JSON value at offset 28"}},
+    {"garbage.json",
+     "{\"device-config:config\":{}}\n\ngarbage\n",
+     {"--running", "@/garbage.json", "@/candidate.xml"},
+     {"@/garbage.json: content after the JSON value at offset 29"}},
+    {"cut.json",
+     R"({"device-config:config":)",
+     {"@/cut.json"},
+     {"@/cut.json: the JSON value is not closed at the end of the file"}},
+    {"mem.xml", "->/proc/self/mem", {"@/mem.xml"}, {"@/mem.xml: cannot read: Input/output error"}},
+    {"zero.xml",
+     "->/dev/zero",
+     {"--max-input-size", "1M", "@/zero.xml"},
+     {"@/zero.xml: larger than 1048576 bytes, the input size limit"}},
+    {"",
+     "",
+     {"--max-input-size=100", "--running", "@/candidate.xml", "@/candidate.xml"},
+     {"@/candidate.xml: larger than 100 bytes, the input size limit"}},
 };
 
 std::string Expand(std::string text, const std::string& directory) {
@@ -80,6 +109,8 @@ TEST(Tool, BadInputIsOneLineExitTwoNothingOnStdout) {
         std::ofstream(directory + "candidate.xml") << kCandidate;
         if (!input.file.empty() && input.file.back() == '/') {
             std::filesystem::create_directory(directory + input.file);
+        } else if (input.content.rfind("->", 0) == 0) {
+            std::filesystem::create_symlink(input.content.substr(2), directory + input.file);
         } else if (!input.file.empty()) {
             std::ofstream(directory + input.file) << input.content;
         }

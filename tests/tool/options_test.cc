@@ -20,6 +20,8 @@ std::string NonDefaults(const Options& o) {
     for (const ExplicitCall& call : o.calls) {
         add(true, "call=" + call.point + "|" + call.keypath);
     }
+    add(o.max_input_size != confdstore::kDefaultMaxFileSize,
+        "max-input-size=" + std::to_string(o.max_input_size));
     add(o.format == OutputFormat::json, "json");
     add(o.all, "all");
     add(o.keep_going, "keep-going");
@@ -54,6 +56,10 @@ TEST(Options, AcceptedOrRefusedWithTheReason) {
         {{"--call", "a=/x{1}", "--call=b=/y{k=v}", "c.xml"},
          "candidate=c.xml call=a|/x{1} call=b|/y{k=v}"},
         {{"--", "--odd-name.xml"}, "candidate=--odd-name.xml"},
+        {{"--max-input-size", "1000", "c.xml"}, "candidate=c.xml max-input-size=1000"},
+        {{"--max-input-size=3K", "c.xml"}, "candidate=c.xml max-input-size=3072"},
+        {{"--max-input-size=2M", "c.xml"}, "candidate=c.xml max-input-size=2097152"},
+        {{"--max-input-size=1G", "c.xml"}, "candidate=c.xml max-input-size=1073741824"},
         {{"--list-points"}, "list-points"},
         {{"-h"}, "help"},
         {{"--version"}, "version"},
@@ -74,6 +80,21 @@ TEST(Options, AcceptedOrRefusedWithTheReason) {
         {{"--call", "=/x", "c.xml"}, "refused: --call takes POINT=KEYPATH, not '=/x'"},
         {{"--call", "p=", "c.xml"}, "refused: --call takes POINT=KEYPATH, not 'p='"},
         {{"--all", "--call", "p=/x", "c.xml"}, "refused: --all and --call exclude each other"},
+        {{"--max-input-size=0", "c.xml"},
+         "refused: --max-input-size takes a positive number of bytes with K, M or G or none, "
+         "not '0'"},
+        {{"--max-input-size=1T", "c.xml"},
+         "refused: --max-input-size takes a positive number of bytes with K, M or G or none, "
+         "not '1T'"},
+        {{"--max-input-size=-1", "c.xml"},
+         "refused: --max-input-size takes a positive number of bytes with K, M or G or none, "
+         "not '-1'"},
+        {{"--max-input-size=k", "c.xml"},
+         "refused: --max-input-size takes a positive number of bytes with K, M or G or none, "
+         "not 'k'"},
+        {{"--max-input-size=99999999999G", "c.xml"},
+         "refused: --max-input-size takes a positive number of bytes with K, M or G or none, "
+         "not '99999999999G'"},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(Parsed(c.arguments), c.parsed);

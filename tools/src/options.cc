@@ -1,6 +1,9 @@
 #include "options.h"
 
+#include <charconv>
+#include <cstdint>
 #include <functional>
+#include <map>
 #include <sstream>
 
 namespace ipapp_validate {
@@ -51,6 +54,24 @@ ExplicitCall ParseCall(const std::string& value) {
     return ExplicitCall{value.substr(0, equals), value.substr(equals + 1)};
 }
 
+// A byte count, or a count of KiB, MiB or GiB with the suffix K, M or G.
+size_t ParseSize(const std::string& value) {
+    static const std::map<std::string, unsigned> kShifts = {
+        {"", 0}, {"K", 10}, {"M", 20}, {"G", 30}};
+    size_t number = 0;
+    const char* const end = value.data() + value.size();
+    const auto [rest, error] = std::from_chars(value.data(), end, number);
+    const auto shift = kShifts.find(std::string(rest, end));
+    if (error != std::errc() || number == 0 || shift == kShifts.end() ||
+        number > (SIZE_MAX >> 1 >> shift->second)) {
+        throw UsageError(
+            "--max-input-size takes a positive number of bytes with K, M or G or "
+            "none, not '" +
+            value + "'");
+    }
+    return number << shift->second;
+}
+
 const std::vector<OptionDefinition>& OptionTable() {
     static const std::vector<OptionDefinition> table = {
         {"candidate", "FILE", "the candidate configuration (or give FILE as the only argument)",
@@ -73,6 +94,10 @@ const std::vector<OptionDefinition>& OptionTable() {
          [](Options& o, const std::string& v) { o.format = ParseFormat(v); }},
         {"list-points", nullptr, "list the model's validation points and their rules, then exit",
          [](Options& o, const std::string&) { o.list_points = true; }},
+        {"max-input-size", "SIZE",
+         "refuse a configuration file longer than SIZE bytes (K, M, G: KiB, MiB, GiB; "
+         "default: 512M)",
+         [](Options& o, const std::string& v) { o.max_input_size = ParseSize(v); }},
         {"log", "FILE", "append fault reports and debug lines to FILE instead of stderr",
          [](Options& o, const std::string& v) { SetOnce(o.log_file, v, "log"); }},
         {"no-debug", nullptr, "leave out the plug-in's debug lines",

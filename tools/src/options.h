@@ -2,6 +2,9 @@
 #ifndef IPAPP_VALIDATE_OPTIONS_H
 #define IPAPP_VALIDATE_OPTIONS_H
 
+#include <confd_datastore.h>
+
+#include <cstddef>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -23,6 +26,7 @@ struct Options {
     std::string plugin_path;     // empty: the bundled plug-in
     std::string log_file;        // empty: stderr
     std::vector<ExplicitCall> calls;
+    size_t max_input_size = confdstore::kDefaultMaxFileSize;  // bytes per configuration file
     OutputFormat format = OutputFormat::text;
     bool all = false;
     bool keep_going = false;

@@ -53,9 +53,9 @@ std::vector<PlannedCall> Plan(const Options& options,
 confdstore::Datastore LoadConfigurations(const confdstore::Schema& schema, const Options& options) {
     confdstore::Datastore datastore(schema);
     if (!options.running_file.empty()) {
-        datastore.load_running(options.running_file);
+        datastore.load_running(options.running_file, options.max_input_size);
     }
-    datastore.load_candidate(options.candidate_file);
+    datastore.load_candidate(options.candidate_file, options.max_input_size);
     return datastore;
 }
 

@@ -41,6 +41,9 @@ class Error : public std::runtime_error {
 
 enum class DataFormat { xml, json };
 
+// The largest configuration file a Datastore loads unless told otherwise.
+constexpr size_t kDefaultMaxFileSize = size_t{512} << 20;
+
 // A validation point declared in the model (ipapp-ext:validate). Its node
 // pointers stay valid while the Schema, or a Datastore of it, lives.
 struct ValidationPoint {
@@ -150,10 +153,14 @@ class Datastore {
     explicit Datastore(const Schema& schema);
 
     // Loads a configuration file, XML (.xml) or JSON (.json), validated
-    // against the model.
-    void load_running(const std::string& file);
-    void load_candidate(const std::string& file);
-    // The same from text; name stands for the file in error messages.
+    // against the model. The file is read whole, every read checked; a file
+    // (or an input that never ends) longer than max_bytes is refused.
+    void load_running(const std::string& file, size_t max_bytes = kDefaultMaxFileSize);
+    void load_candidate(const std::string& file, size_t max_bytes = kDefaultMaxFileSize);
+    // The same from text; name stands for the file in error messages. The
+    // text may start with a UTF-8 byte-order mark, which is skipped; a NUL
+    // byte anywhere, and in JSON anything but blanks after the top-level
+    // value or a value that is not closed, are refused.
     void set_running(const std::string& text, DataFormat format, const std::string& name);
     void set_candidate(const std::string& text, DataFormat format, const std::string& name);
 

@@ -1,11 +1,10 @@
 #include "data_tree.h"
 
-#include <cerrno>
 #include <cstring>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
+#include <string_view>
 
+#include "config_file.h"
+#include "config_text.h"
 #include "libyang_log.h"
 
 namespace confd::detail {
@@ -25,25 +24,7 @@ confdstore::DataFormat format_of(const std::string& file) {
     throw confdstore::Error(file + ": unknown data format (expected a .xml or .json file)");
 }
 
-std::string read_file(const std::string& file) {
-    // A directory opens as a stream that reads nothing; it is no configuration.
-    std::error_code ignored;
-    if (std::filesystem::is_directory(file, ignored)) {
-        throw confdstore::Error(file + ": cannot read: " + std::strerror(EISDIR));
-    }
-    std::ifstream in(file, std::ios::binary);
-    if (!in) {
-        throw confdstore::Error(file + ": cannot read: " + std::strerror(errno));
-    }
-    std::ostringstream text;
-    text << in.rdbuf();
-    if (in.bad()) {
-        throw confdstore::Error(file + ": cannot read: " + std::strerror(errno));
-    }
-    return text.str();
-}
-
-bool blank(const std::string& text) {
+bool blank(std::string_view text) {
     return text.find_first_not_of(" \t\r\n") == std::string::npos;
 }
 
@@ -57,20 +38,21 @@ Tree::~Tree() {
 }
 
 std::shared_ptr<const Tree> Tree::load(std::shared_ptr<const Schema> schema,
-                                       const std::string& file) {
+                                       const std::string& file, size_t max_bytes) {
     const confdstore::DataFormat format = format_of(file);
-    return parse(std::move(schema), read_file(file), format, file);
+    return parse(std::move(schema), read_config_file(file, max_bytes), format, file);
 }
 
 std::shared_ptr<const Tree> Tree::parse(std::shared_ptr<const Schema> schema,
                                         const std::string& text, confdstore::DataFormat format,
                                         const std::string& name) {
-    if (blank(text)) {
+    const std::string_view body = checked_config_text(text, format, name);
+    if (blank(body)) {
         return empty(std::move(schema));
     }
     const LYD_FORMAT ly_format = format == confdstore::DataFormat::xml ? LYD_XML : LYD_JSON;
     lyd_node* root = nullptr;
-    if (lyd_parse_data_mem(schema->context(), text.c_str(), ly_format, LYD_PARSE_STRICT,
+    if (lyd_parse_data_mem(schema->context(), body.data(), ly_format, LYD_PARSE_STRICT,
                            LYD_VALIDATE_NO_STATE, &root) != LY_SUCCESS) {
         lyd_free_all(root);
         throw confdstore::Error(name + ": " + take_libyang_error(schema->context()));

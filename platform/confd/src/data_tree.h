@@ -23,9 +23,10 @@ namespace confd::detail {
 
 class Tree {
   public:
-    // Throw confdstore::Error "<file>: <problem>".
+    // Throw confdstore::Error "<file>: <problem>". A file longer than
+    // max_bytes is refused.
     static std::shared_ptr<const Tree> load(std::shared_ptr<const Schema> schema,
-                                            const std::string& file);
+                                            const std::string& file, size_t max_bytes);
     static std::shared_ptr<const Tree> parse(std::shared_ptr<const Schema> schema,
                                              const std::string& text, confdstore::DataFormat format,
                                              const std::string& name);

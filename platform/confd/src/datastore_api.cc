@@ -43,12 +43,12 @@ Registration::~Registration() {
 Datastore::Datastore(const Schema& schema)
     : impl_(std::make_shared<confd::detail::Store>(schema.impl_)) {}
 
-void Datastore::load_running(const std::string& file) {
-    impl_->set_running(confd::detail::Tree::load(impl_->schema(), file));
+void Datastore::load_running(const std::string& file, size_t max_bytes) {
+    impl_->set_running(confd::detail::Tree::load(impl_->schema(), file, max_bytes));
 }
 
-void Datastore::load_candidate(const std::string& file) {
-    impl_->set_candidate(confd::detail::Tree::load(impl_->schema(), file));
+void Datastore::load_candidate(const std::string& file, size_t max_bytes) {
+    impl_->set_candidate(confd::detail::Tree::load(impl_->schema(), file, max_bytes));
 }
 
 void Datastore::set_running(const std::string& text, DataFormat format, const std::string& name) {
