@@ -26,8 +26,8 @@ bool IsFile(const std::string& path) {
     return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
-// The first of the places (relative to the executable's directory) where
-// required (relative to that place) is a file.
+}  // namespace
+
 std::string FindBundled(const char* what, std::initializer_list<const char*> places,
                         const std::string& required, const char* option) {
     const std::string directory = ExecutableDirectory();
@@ -42,8 +42,6 @@ std::string FindBundled(const char* what, std::initializer_list<const char*> pla
     throw InputError(std::string("no bundled ") + what + " found (looked at " + looked_at +
                      "); give " + option);
 }
-
-}  // namespace
 
 std::string BundledYangDirectory() {
     return FindBundled("data model", {IPAPP_INSTALLED_YANG_DIR, IPAPP_BUILD_TREE_YANG_DIR},

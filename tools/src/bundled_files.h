@@ -4,9 +4,16 @@
 #ifndef IPAPP_VALIDATE_BUNDLED_FILES_H
 #define IPAPP_VALIDATE_BUNDLED_FILES_H
 
+#include <initializer_list>
 #include <string>
 
 namespace ipapp_validate {
+
+// The first of the places (relative to the executable's directory) where
+// required (relative to that place) is a file; throws InputError naming the
+// places looked at and the option that names the file instead.
+std::string FindBundled(const char* what, std::initializer_list<const char*> places,
+                        const std::string& required, const char* option);
 
 // Throw InputError naming the places looked at when nothing is there.
 std::string BundledYangDirectory();

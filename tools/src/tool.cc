@@ -1,7 +1,6 @@
 #include "tool.h"
 
 #include <signal.h>
-#include <velmw_log.h>
 
 #include <chrono>
 #include <cstdio>
@@ -9,14 +8,11 @@
 
 #include "bundled_files.h"
 #include "call_plan.h"
-#include "child_process.h"
-#include "host_transaction.h"
 #include "input_error.h"
 #include "log_file.h"
-#include "log_relay.h"
 #include "options.h"
 #include "plugin_library.h"
-#include "plugin_session.h"
+#include "plugin_run.h"
 #include "report.h"
 #include "run_report.h"
 
@@ -63,23 +59,6 @@ double Milliseconds(Clock::duration duration) {
     return std::chrono::duration<double, std::milli>(duration).count();
 }
 
-// The plug-in's calls in one child process, and what they came to.
-RunReport RunPlugin(const Options& options, const confdstore::Datastore& datastore,
-                    std::vector<PlannedCall>& plan, const PluginLibrary& plugin, FILE* log) {
-    HostTransaction transaction(datastore);
-    velmw_log_set_debug_enabled(options.debug ? 1 : 0);
-    LogRelay relay(log);
-    PluginSession session(plugin.entry_points(), transaction, plan, options.keep_going);
-    const ChildRun child =
-        RunInChild([&session](int record_fd) { return session.Run(record_fd) ? 0 : 1; }, relay);
-    RunReport report =
-        MakeRunReport(child, relay.other_lines(), LabelsOf(plan), options.keep_going);
-    if (report.verdict != Verdict::crashed) {
-        relay.ReleaseOtherLines();
-    }
-    return report;
-}
-
 void WriteReport(const Options& options, const RunReport& report, Clock::time_point start) {
     std::optional<Timing> timing;
     if (options.timing) {
@@ -111,7 +90,8 @@ int Validate(const Options& options, Clock::time_point start) {
     const LogFile log(options.log_file);
     const PluginLibrary plugin(options.plugin_path.empty() ? BundledPlugin() : options.plugin_path);
     std::vector<PlannedCall> plan = Plan(options, points, datastore);
-    const RunReport report = RunPlugin(options, datastore, plan, plugin, log.stream());
+    const RunReport report =
+        RunPlugin(datastore, plan, plugin, {options.keep_going, options.debug, log.stream()});
     WriteReport(options, report, start);
     return ExitCode(report.verdict);
 }

@@ -1,0 +1,28 @@
+#include "plugin_run.h"
+
+#include <velmw_log.h>
+
+#include "child_process.h"
+#include "host_transaction.h"
+#include "log_relay.h"
+#include "plugin_session.h"
+
+namespace ipapp_validate {
+
+RunReport RunPlugin(const confdstore::Datastore& datastore, std::vector<PlannedCall>& plan,
+                    const PluginLibrary& plugin, const PluginRunSettings& settings) {
+    HostTransaction transaction(datastore);
+    velmw_log_set_debug_enabled(settings.debug ? 1 : 0);
+    LogRelay relay(settings.log);
+    PluginSession session(plugin.entry_points(), transaction, plan, settings.keep_going);
+    const ChildRun child =
+        RunInChild([&session](int record_fd) { return session.Run(record_fd) ? 0 : 1; }, relay);
+    RunReport report =
+        MakeRunReport(child, relay.other_lines(), LabelsOf(plan), settings.keep_going);
+    if (report.verdict != Verdict::crashed) {
+        relay.ReleaseOtherLines();
+    }
+    return report;
+}
+
+}  // namespace ipapp_validate
