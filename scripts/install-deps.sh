@@ -9,6 +9,7 @@ packages=(
     libboost-dev libboost-system-dev
     googletest libgtest-dev libgmock-dev libbenchmark-dev
     clang-format
+    netconfd libyuma-dev libxml2-dev python3-ncclient openssh-server
 )
 
 missing=()

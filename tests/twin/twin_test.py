@@ -1,0 +1,264 @@
+"""The NETCONF twin end to end: ipapp-netconfd on a free port in a temporary
+directory, driven by ncclient over SSH as an operator's client would.
+
+Each example candidate is sent whole (edit-config, default-operation
+replace) and committed: a refused one fails with the plug-in's text and
+leaves running as it was; the accepted one reaches running. A plug-in that
+crashes refuses the commit with the crash's cause; a second session meets
+the first one's lock; a hundred refused commits in a row leave the server
+serving. Every twin started here is stopped by its process id, also when a
+case fails.
+
+Exit status 77 (skipped) only when the NETCONF packages are not installed.
+"""
+
+import argparse
+import getpass
+import os
+import re
+import select
+import signal
+import socket
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+try:
+    from ncclient import manager
+    from ncclient.operations import RPCError
+except ImportError:
+    print("skipped: python3-ncclient is not installed", file=sys.stderr)
+    sys.exit(77)
+
+START_SECONDS = 30
+STOP_SECONDS = 15
+RPC_SECONDS = 30
+REFUSALS_IN_A_ROW = 100
+REFUSALS_SECONDS = 120
+NETCONF_BASE = "urn:ietf:params:xml:ns:netconf:base:1.0"
+
+ARGS = None
+
+
+def free_port():
+    with socket.socket(socket.AF_INET, socket.SOCK_STREAM) as probe:
+        probe.bind(("127.0.0.1", 0))
+        return probe.getsockname()[1]
+
+
+def config_element(path):
+    """A configuration file of ours as the <config> of an edit-config."""
+    with open(path, encoding="utf-8") as file:
+        text = re.sub(r"<!--.*?-->", "", file.read(), flags=re.S)
+    return '<config xmlns="%s">%s</config>' % (NETCONF_BASE, text)
+
+
+def expected_outcome(path):
+    """The verdict and the exact text of an example's .expected file."""
+    with open(path, encoding="utf-8") as file:
+        verdict, _, text = file.read().partition("\n")
+    return verdict, text.rstrip("\n")
+
+
+class Twin:
+    """ipapp-netconfd in a temporary directory; stop() ends it by its PID."""
+
+    def __init__(self, running, plugin=None):
+        self.directory = tempfile.TemporaryDirectory(prefix="ipapp-twin-")
+        self.state = os.path.join(self.directory.name, "state")
+        self.port = free_port()
+        command = [ARGS.launcher, "--running", running, "--port", str(self.port),
+                   "--state-dir", self.state]
+        if plugin:
+            command += ["--plugin", plugin]
+        self.process = subprocess.Popen(command, stdout=subprocess.PIPE,
+                                        stderr=subprocess.PIPE, text=True)
+        try:
+            self.ready_line = self._await_ready()
+        except BaseException:
+            self.stop()
+            raise
+
+    def _await_ready(self):
+        readable, _, _ = select.select([self.process.stdout], [], [], START_SECONDS)
+        line = self.process.stdout.readline() if readable else ""
+        if not line.startswith("ready"):
+            raise AssertionError("no ready line within %d s: %r %s" % (
+                START_SECONDS, line, self._logs()))
+        return line
+
+    def _logs(self):
+        texts = []
+        for name in ("netconfd.log", "sshd.log"):
+            path = os.path.join(self.state, name)
+            if os.path.exists(path):
+                with open(path, encoding="utf-8", errors="replace") as file:
+                    texts.append("%s:\n%s" % (name, file.read()[-3000:]))
+        return "\n".join(texts)
+
+    def connect(self):
+        return manager.connect(
+            host="127.0.0.1", port=self.port, username=getpass.getuser(),
+            key_filename=os.path.join(self.state, "client_key"), hostkey_verify=False,
+            look_for_keys=False, allow_agent=False, timeout=RPC_SECONDS)
+
+    def stop(self):
+        """SIGTERM, then SIGKILL after a grace period; returns the exit status."""
+        if self.process.poll() is None:
+            self.process.send_signal(signal.SIGTERM)
+            try:
+                self.process.wait(STOP_SECONDS)
+            except subprocess.TimeoutExpired:
+                self.process.kill()
+                self.process.wait()
+        self.process.stdout.close()
+        self.process.stderr.close()
+        self.directory.cleanup()
+        return self.process.returncode
+
+
+def running_xml(session):
+    return session.get_config(source="running").data_xml
+
+
+class CommitRefusal:
+    """What a refused commit's rpc-error must be, checked in one place."""
+
+    @staticmethod
+    def check(test, error, app_tag, message=None, message_start=None):
+        test.assertEqual(error.type, "application")
+        test.assertEqual(error.tag, "operation-failed")
+        test.assertEqual(error.app_tag, app_tag)
+        if message is not None:
+            test.assertEqual(error.message, message)
+        if message_start is not None:
+            test.assertTrue(error.message.startswith(message_start), error.message)
+
+
+class DeviceTwin(unittest.TestCase):
+    """The bundled plug-in on the example device. Cases run in name order:
+    the accepted example changes running, so it comes last."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.twin = Twin(os.path.join(ARGS.examples, "running.xml"))
+        cls.addClassCleanup(cls._stop_twin)
+        cls.session = cls.twin.connect()
+        cls.addClassCleanup(cls.session.close_session)
+        cls.initial_running = running_xml(cls.session)
+
+    @classmethod
+    def _stop_twin(cls):
+        status = cls.twin.stop()
+        if status != 0:
+            raise AssertionError("ipapp-netconfd exited with status %r on SIGTERM" % status)
+
+    def examples(self, verdict):
+        for name in sorted(os.listdir(ARGS.examples)):
+            if name.startswith("candidate-") and name.endswith(".xml"):
+                path = os.path.join(ARGS.examples, name)
+                expected = expected_outcome(path[:-len(".xml")] + ".expected")
+                if expected[0] == verdict:
+                    yield name, path, expected[1]
+
+    def edit_and_commit(self, path):
+        self.session.edit_config(target="candidate", config=config_element(path),
+                                 default_operation="replace")
+        self.session.commit()
+
+    def assert_refused(self, path, **refusal):
+        with self.assertRaises(RPCError) as raised:
+            self.edit_and_commit(path)
+        CommitRefusal.check(self, raised.exception, **refusal)
+        self.assertEqual(running_xml(self.session), self.initial_running)
+        self.session.discard_changes()
+        self.assertEqual(self.session.get_config(source="candidate").data_xml,
+                         self.initial_running)
+
+    def test_1_refused_examples_give_the_plugins_text(self):
+        refused = list(self.examples("refused"))
+        self.assertGreater(len(refused), 0)
+        for name, path, text in refused:
+            with self.subTest(example=name):
+                self.assert_refused(path, app_tag="ipapp-refused", message=text)
+
+    def test_2_second_session_meets_the_lock(self):
+        with self.session.locked("candidate"):
+            other = self.twin.connect()
+            try:
+                with self.assertRaises(RPCError) as raised:
+                    other.lock("candidate")
+                self.assertEqual(raised.exception.tag, "lock-denied")
+                with self.assertRaises(RPCError) as raised:
+                    other.edit_config(target="candidate", default_operation="replace",
+                                      config=config_element(
+                                          os.path.join(ARGS.examples, "running.xml")))
+                self.assertIn(raised.exception.tag, ("lock-denied", "in-use"))
+            finally:
+                other.close_session()
+
+    def test_3_hundred_refused_commits_leave_it_serving(self):
+        _, path, text = next(self.examples("refused"))
+        start = time.monotonic()
+        for _ in range(REFUSALS_IN_A_ROW):
+            with self.assertRaises(RPCError) as raised:
+                self.edit_and_commit(path)
+            self.assertEqual(raised.exception.message, text)
+            self.session.discard_changes()
+            self.assertLess(time.monotonic() - start, REFUSALS_SECONDS)
+        self.assertEqual(running_xml(self.session), self.initial_running)
+        self.assertIsNone(self.twin.process.poll())
+
+    def test_4_accepted_example_commits(self):
+        accepted = list(self.examples("accepted"))
+        self.assertEqual(len(accepted), 1)
+        name, path, _ = accepted[0]
+        self.edit_and_commit(path)
+        candidate = self.session.get_config(source="candidate").data_xml
+        running = running_xml(self.session)
+        self.assertEqual(running, candidate, name)
+        self.assertNotEqual(running, self.initial_running, name)
+
+
+class CrashingPluginTwin(unittest.TestCase):
+    """The tests' plug-in, which aborts on an interface named "abort": the
+    commit is refused as unchecked, with the crash's cause."""
+
+    def test_crash_refuses_the_commit_with_its_cause(self):
+        twin = Twin(ARGS.crash_running, plugin=ARGS.test_plugin)
+        self.addCleanup(twin.stop)
+        session = twin.connect()
+        self.addCleanup(session.close_session)
+        before = running_xml(session)
+        session.edit_config(target="candidate", config=config_element(ARGS.crash_candidate),
+                            default_operation="replace")
+        with self.assertRaises(RPCError) as raised:
+            session.commit()
+        CommitRefusal.check(
+            self, raised.exception, app_tag="ipapp-unchecked",
+            message_start="commit not checked, so refused: the plug-in crashed in "
+                          "validate_ipv6_nd_ra_interval /config/interface/l3{abort}/ipv6/nd/ra: "
+                          "killed by signal 6 (Aborted)")
+        self.assertEqual(running_xml(session), before)
+        self.assertIsNone(twin.process.poll())
+
+
+def main():
+    global ARGS
+    parser = argparse.ArgumentParser()
+    for option in ("--launcher", "--examples", "--test-plugin", "--crash-running",
+                   "--crash-candidate"):
+        parser.add_argument(option, required=True)
+    ARGS, rest = parser.parse_known_args()
+    for program in ("/usr/sbin/netconfd", "/usr/sbin/sshd", "/usr/sbin/netconf-subsystem"):
+        if not os.access(program, os.X_OK):
+            print("skipped: %s is not installed" % program, file=sys.stderr)
+            return 77
+    program = unittest.main(argv=[sys.argv[0]] + rest, exit=False, verbosity=2)
+    return 0 if program.result.wasSuccessful() else 1
+
+
+if __name__ == "__main__":
+    sys.exit(main())

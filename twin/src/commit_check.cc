@@ -1,0 +1,69 @@
+#include "commit_check.h"
+
+#include <exception>
+
+#include "call_plan.h"
+#include "plugin_run.h"
+#include "run_report.h"
+
+namespace ipapp_twin {
+namespace {
+
+using ipapp_validate::CallReport;
+using ipapp_validate::RunReport;
+using ipapp_validate::Verdict;
+
+CommitVerdict Unchecked(const std::string& why) {
+    return CommitVerdict{false, kUncheckedAppTag, "commit not checked, so refused: " + why};
+}
+
+std::string CallName(const CallReport& call) {
+    return call.stage == ipapp_validate::Stage::validate ? call.point + " " + call.keypath
+                                                         : ipapp_validate::StageName(call.stage);
+}
+
+CommitVerdict VerdictOf(const RunReport& report) {
+    if (report.verdict == Verdict::accepted) {
+        return CommitVerdict{true, "", ""};
+    }
+    for (const CallReport& call : report.calls) {
+        if (call.crash) {
+            const std::string detail = call.crash->detail.empty() ? "" : "\n" + call.crash->detail;
+            return Unchecked("the plug-in crashed in " + CallName(call) + ": " + call.crash->cause +
+                             detail);
+        }
+        if (call.verdict == Verdict::refused) {
+            return CommitVerdict{false, kRefusedAppTag,
+                                 call.text.empty() ? "(refused without an error text)" : call.text};
+        }
+    }
+    return Unchecked("the plug-in's run ended without a verdict: " + report.Summary());
+}
+
+}  // namespace
+
+CommitCheck::CommitCheck(const std::string& yang_dir, const std::string& plugin_path)
+    : schema_(confdstore::Schema::load(yang_dir)),
+      points_(schema_.validation_points()),
+      plugin_(plugin_path) {}
+
+CommitVerdict CommitCheck::Check(const std::string& running, const std::string& candidate) const {
+    try {
+        return Run(running, candidate);
+    } catch (const std::exception& error) {
+        return Unchecked(error.what());
+    }
+}
+
+CommitVerdict CommitCheck::Run(const std::string& running, const std::string& candidate) const {
+    confdstore::Datastore datastore(schema_);
+    datastore.set_running(running, confdstore::DataFormat::xml, "running");
+    datastore.set_candidate(candidate, confdstore::DataFormat::xml, "candidate");
+    std::vector<ipapp_validate::PlannedCall> plan =
+        ipapp_validate::PlanChangedCalls(points_, datastore);
+    ipapp_validate::PluginRunSettings settings;
+    settings.debug = false;
+    return VerdictOf(ipapp_validate::RunPlugin(datastore, plan, plugin_, settings));
+}
+
+}  // namespace ipapp_twin

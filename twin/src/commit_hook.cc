@@ -1,0 +1,113 @@
+// The server instrumentation library of the data-less module ipapp-twin:
+// netconfd loads it with the module and calls its three entry points. It
+// registers a hook that netconfd runs on every <commit> of the candidate,
+// after its own checks; the hook hands candidate and running to the engine
+// and records the refusal as the commit's rpc-error. A refused commit leaves
+// running as it was.
+#include <agt.h>
+#include <agt_commit_validate.h>
+#include <agt_util.h>
+#include <cfg.h>
+#include <log.h>
+#include <ncxmod.h>
+
+#include <cstdlib>
+#include <exception>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "commit_check.h"
+#include "model_modules.h"
+#include "twin_environment.h"
+#include "yuma_config_text.h"
+
+#define EXPORT extern "C" __attribute__((visibility("default")))
+
+namespace {
+
+constexpr const char* kModule = "ipapp-twin";
+
+struct Twin {
+    std::vector<std::string> modules;
+    ipapp_twin::CommitCheck check;
+};
+
+std::unique_ptr<Twin> twin;
+
+const xmlChar* Xml(const char* text) {
+    return reinterpret_cast<const xmlChar*>(text);
+}
+
+std::string Setting(const char* variable) {
+    const char* value = std::getenv(variable);
+    if (value == nullptr || *value == '\0') {
+        throw std::runtime_error(std::string(variable) + " is not set (start netconfd with " +
+                                 "ipapp-netconfd)");
+    }
+    return value;
+}
+
+void RecordRefusal(ses_cb_t* session, xml_msg_hdr_t* message,
+                   const ipapp_twin::CommitVerdict& verdict) {
+    ncx_errinfo_t error_info{};
+    // yuma keeps the app tag's pointer and copies the message.
+    error_info.error_app_tag = const_cast<xmlChar*>(Xml(verdict.app_tag));
+    error_info.error_message = const_cast<xmlChar*>(Xml(verdict.message.c_str()));
+    agt_record_error_errinfo(session, message, NCX_LAYER_CONTENT, ERR_NCX_OPERATION_FAILED, nullptr,
+                             NCX_NT_NONE, nullptr, NCX_NT_NONE, nullptr, &error_info);
+}
+
+ipapp_twin::CommitVerdict CheckCommit(val_value_t* candidate_root) {
+    const cfg_template_t* running = cfg_get_config_id(NCX_CFGID_RUNNING);
+    if (running == nullptr || running->root == nullptr) {
+        return {false, ipapp_twin::kUncheckedAppTag,
+                "commit not checked, so refused: netconfd has no running configuration"};
+    }
+    try {
+        return twin->check.Check(ipapp_twin::ModelConfigXml(running->root, twin->modules),
+                                 ipapp_twin::ModelConfigXml(candidate_root, twin->modules));
+    } catch (const std::exception& error) {
+        return {false, ipapp_twin::kUncheckedAppTag,
+                std::string("commit not checked, so refused: ") + error.what()};
+    }
+}
+
+status_t OnCommit(ses_cb_t* session, xml_msg_hdr_t* message, val_value_t* candidate_root) {
+    const ipapp_twin::CommitVerdict verdict = CheckCommit(candidate_root);
+    if (verdict.accepted) {
+        return NO_ERR;
+    }
+    RecordRefusal(session, message, verdict);
+    return ERR_NCX_OPERATION_FAILED;
+}
+
+}  // namespace
+
+EXPORT status_t y_ipapp_twin_init(const xmlChar* module, const xmlChar* revision) {
+    ncx_module_t* loaded = nullptr;
+    status_t result =
+        ncxmod_load_module(module, revision, &agt_get_profile()->agt_savedevQ, &loaded);
+    if (result != NO_ERR) {
+        return result;
+    }
+    try {
+        const std::string yang_dir = Setting(ipapp_twin::kYangDirVariable);
+        twin.reset(
+            new Twin{ipapp_twin::ModelModules(yang_dir),
+                     ipapp_twin::CommitCheck(yang_dir, Setting(ipapp_twin::kPluginVariable))});
+    } catch (const std::exception& error) {
+        log_error("\nError: %s: %s\n", kModule, error.what());
+        return ERR_NCX_OPERATION_FAILED;
+    }
+    return agt_commit_validate_register(Xml(kModule), OnCommit);
+}
+
+EXPORT status_t y_ipapp_twin_init2() {
+    return NO_ERR;
+}
+
+EXPORT void y_ipapp_twin_cleanup() {
+    agt_commit_validate_unregister(Xml(kModule));
+    twin.reset();
+}
