@@ -28,6 +28,7 @@ std::string NonDefaults(const Options& o) {
     add(o.list_points, "list-points");
     add(o.timing, "timing");
     add(!o.debug, "no-debug");
+    add(o.call_timeout != kDefaultCallTimeout, "timeout=" + std::to_string(o.call_timeout.count()));
     add(o.help, "help");
     add(o.version, "version");
     return text;
@@ -53,6 +54,8 @@ TEST(Options, AcceptedOrRefusedWithTheReason) {
          "yang=y running=r.json candidate=c.xml plugin=p.so log=l json"},
         {{"--all", "--keep-going", "--no-debug", "--timing", "--format=text", "c.xml"},
          "candidate=c.xml all keep-going timing no-debug"},
+        {{"--timeout", "1", "c.xml"}, "candidate=c.xml timeout=1"},
+        {{"--timeout=86400", "c.xml"}, "candidate=c.xml timeout=86400"},
         {{"--call", "a=/x{1}", "--call=b=/y{k=v}", "c.xml"},
          "candidate=c.xml call=a|/x{1} call=b|/y{k=v}"},
         {{"--", "--odd-name.xml"}, "candidate=--odd-name.xml"},
@@ -95,6 +98,15 @@ TEST(Options, AcceptedOrRefusedWithTheReason) {
         {{"--max-input-size=99999999999G", "c.xml"},
          "refused: --max-input-size takes a positive number of bytes with K, M or G or none, "
          "not '99999999999G'"},
+        {{"--timeout", "0", "c.xml"},
+         "refused: --timeout takes whole seconds from 1 to 86400, not '0'"},
+        {{"--timeout=-5", "c.xml"},
+         "refused: --timeout takes whole seconds from 1 to 86400, not '-5'"},
+        {{"--timeout=86401", "c.xml"},
+         "refused: --timeout takes whole seconds from 1 to 86400, not '86401'"},
+        {{"--timeout=1.5", "c.xml"},
+         "refused: --timeout takes whole seconds from 1 to 86400, not '1.5'"},
+        {{"--timeout=", "c.xml"}, "refused: --timeout takes whole seconds from 1 to 86400, not ''"},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(Parsed(c.arguments), c.parsed);

@@ -82,6 +82,14 @@ const PluginRun kRuns[] = {
      "plug-in crashed: 1 of 3 validation calls crashed, 0 refused, 1 not run\n",
      {},
      {"Assertion"}},
+    // A call past the timeout is killed and reported as that call's crash,
+    // with what the plug-in printed; it ends the run like any death.
+    {"--timeout=1 --keep-going ok hang ok", "", 3,
+     "accepted  point_1  /config/interface/l3{ok}\n"
+     "crashed   point_2  /config/interface/l3{hang}\n"
+     "          plug-in crashed: timed out after 1 s\n"
+     "          test-plugin: point_2 waits forever\n"
+     "plug-in crashed: 1 of 3 validation calls crashed, 0 refused, 1 not run\n"},
     {"throw-int ok", "", 3,
      "crashed   point_1  /config/interface/l3{throw-int}\n"
      "          plug-in crashed: exception int\n"
@@ -178,7 +186,8 @@ TEST(Tool, HelpPointListsAndTiming) {
     } cases[] = {
         {{"--help"},
          {"Usage: ipapp-validate", "--running FILE", "--keep-going", "--format text|json",
-          "--call POINT=KEYPATH", "--list-points", "--log FILE", "Exit status: 0"}},
+          "--call POINT=KEYPATH", "--list-points", "--log FILE", "--timeout SECONDS",
+          "Exit status: 0"}},
         {{"--list-points"},
          {"validate_ipv6_nd_ra_lifetime", "intf_l3_name_validation",
           "/config/interface/l3/ipv6/nd/ra", "per instance",

@@ -114,6 +114,12 @@ EXPORT int validate(confd_trans_ctx* tctx, confd_hkeypath_t* keypath, confd_valu
     if (Names(path, "exit")) {
         _exit(0);
     }
+    if (Names(path, "hang")) {
+        std::fprintf(stderr, "test-plugin: %s waits forever\n", point);
+        for (;;) {
+            pause();
+        }
+    }
     if (Names(path, "chatter")) {
         velmw_gen_fault(0, "validate", "tests/tool/test_plugin", __LINE__, "a fault report");
         LogDebug("a debug line from %s", point);

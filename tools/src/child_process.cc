@@ -8,7 +8,9 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
+#include <string_view>
 #include <system_error>
 
 namespace ipapp_validate {
@@ -64,38 +66,96 @@ void CloseFd(int& fd) {
     _exit(status);
 }
 
-// Reads both pipes until the child has closed them (at its exit at the
-// latest).
-void Collect(int& records_fd, int& output_fd, std::string& records, LogRelay& relay) {
-    char buffer[65536];
-    while (records_fd >= 0 || output_fd >= 0) {
-        pollfd fds[2] = {{records_fd, POLLIN, 0}, {output_fd, POLLIN, 0}};
-        if (poll(fds, 2, -1) < 0) {
-            if (errno == EINTR) {
-                continue;
+// The parent's ends of the child's pipes: record bytes are kept, output goes
+// to the relay.
+class Collector {
+  public:
+    Collector(int records_fd, int output_fd, std::string& records, LogRelay& relay)
+        : records_fd_(records_fd), output_fd_(output_fd), records_(records), relay_(relay) {}
+    ~Collector() {
+        CloseFd(records_fd_);
+        CloseFd(output_fd_);
+    }
+    Collector(const Collector&) = delete;
+    Collector& operator=(const Collector&) = delete;
+
+    // Reads both pipes until the child has closed them (at its exit at the
+    // latest). Returns false, leaving them open, when no record bytes came
+    // for call_timeout.
+    bool Collect(std::chrono::seconds call_timeout) {
+        last_record_ = Clock::now();
+        while (Open()) {
+            const Clock::duration left = last_record_ + call_timeout - Clock::now();
+            if (left <= Clock::duration::zero()) {
+                return false;
             }
-            ThrowSystemError("cannot wait for the plug-in's process");
+            ReadReady(CeilMilliseconds(left));
         }
-        for (pollfd& polled : fds) {
-            if (polled.fd < 0 || polled.revents == 0) {
-                continue;
-            }
-            const ssize_t n = read(polled.fd, buffer, sizeof buffer);
-            if (n < 0 && errno == EINTR) {
-                continue;
-            }
-            if (n <= 0) {
-                CloseFd(polled.fd == records_fd ? records_fd : output_fd);
-                continue;
-            }
-            if (polled.fd == records_fd) {
-                records.append(buffer, static_cast<size_t>(n));
-            } else {
-                relay.Feed(std::string_view(buffer, static_cast<size_t>(n)));
-            }
+        return true;
+    }
+
+    // Reads what is left without waiting: after the child's death a process
+    // it started may still hold the pipes open.
+    void Drain() {
+        while (Open() && ReadReady(0)) {
         }
     }
-}
+
+  private:
+    using Clock = std::chrono::steady_clock;
+
+    static int CeilMilliseconds(Clock::duration duration) {
+        return static_cast<int>(std::chrono::ceil<std::chrono::milliseconds>(duration).count());
+    }
+
+    bool Open() const { return records_fd_ >= 0 || output_fd_ >= 0; }
+
+    // Waits up to timeout_ms for either pipe and reads once from each that is
+    // ready. Returns whether anything was ready (or the wait was interrupted).
+    bool ReadReady(int timeout_ms) {
+        pollfd fds[2] = {{records_fd_, POLLIN, 0}, {output_fd_, POLLIN, 0}};
+        const int ready = poll(fds, 2, timeout_ms);
+        if (ready < 0 && errno == EINTR) {
+            return true;
+        }
+        if (ready < 0) {
+            ThrowSystemError("cannot wait for the plug-in's process");
+        }
+        if (fds[0].revents != 0) {
+            ReadFrom(records_fd_);
+        }
+        if (fds[1].revents != 0) {
+            ReadFrom(output_fd_);
+        }
+        return ready > 0;
+    }
+
+    // One read; the pipe's end closes it.
+    void ReadFrom(int& fd) {
+        char buffer[65536];
+        const ssize_t n = read(fd, buffer, sizeof buffer);
+        if (n < 0 && errno == EINTR) {
+            return;
+        }
+        if (n <= 0) {
+            CloseFd(fd);
+            return;
+        }
+        const std::string_view bytes(buffer, static_cast<size_t>(n));
+        if (&fd == &records_fd_) {
+            records_.append(bytes);
+            last_record_ = Clock::now();
+        } else {
+            relay_.Feed(bytes);
+        }
+    }
+
+    int records_fd_;
+    int output_fd_;
+    std::string& records_;
+    LogRelay& relay_;
+    Clock::time_point last_record_;
+};
 
 ChildEnd Reap(pid_t pid) {
     int status = 0;
@@ -129,13 +189,25 @@ class ChildGuard {
         return end;
     }
 
+    // Ends a call that takes too long. A child that had already exited (a
+    // process it started held the pipes) keeps its own ending.
+    ChildEnd KilledForTakingLonger(std::chrono::seconds call_timeout) {
+        kill(pid_, SIGKILL);
+        ChildEnd end = Reaped();
+        if (end.signaled && end.code == SIGKILL) {
+            end.timed_out_after = call_timeout;
+        }
+        return end;
+    }
+
   private:
     pid_t pid_;
 };
 
 }  // namespace
 
-ChildRun RunInChild(const std::function<int(int record_fd)>& work, LogRelay& relay) {
+ChildRun RunInChild(const std::function<int(int record_fd)>& work, LogRelay& relay,
+                    std::chrono::seconds call_timeout) {
     Pipe records = MakePipe();
     Pipe output;
     try {
@@ -160,15 +232,14 @@ ChildRun RunInChild(const std::function<int(int record_fd)>& work, LogRelay& rel
     }
     ChildGuard child(pid);
     ChildRun run;
-    try {
-        Collect(records.read, output.read, run.records, relay);
-    } catch (...) {
-        CloseFd(records.read);
-        CloseFd(output.read);
-        throw;
+    Collector collector(records.read, output.read, run.records, relay);
+    if (collector.Collect(call_timeout)) {
+        run.end = child.Reaped();
+    } else {
+        run.end = child.KilledForTakingLonger(call_timeout);
+        collector.Drain();
     }
     relay.Finish();
-    run.end = child.Reaped();
     return run;
 }
 

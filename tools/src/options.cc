@@ -72,6 +72,20 @@ size_t ParseSize(const std::string& value) {
     return number << shift->second;
 }
 
+// Whole seconds, at least one (a gate must not be told to wait forever) and
+// at most a day.
+std::chrono::seconds ParseTimeout(const std::string& value) {
+    constexpr unsigned kMostSeconds = 24 * 60 * 60;
+    unsigned seconds = 0;
+    const char* end = value.data() + value.size();
+    const auto [parsed_to, error] = std::from_chars(value.data(), end, seconds);
+    if (error != std::errc() || parsed_to != end || seconds < 1 || seconds > kMostSeconds) {
+        throw UsageError("--timeout takes whole seconds from 1 to " + std::to_string(kMostSeconds) +
+                         ", not '" + value + "'");
+    }
+    return std::chrono::seconds(seconds);
+}
+
 const std::vector<OptionDefinition>& OptionTable() {
     static const std::vector<OptionDefinition> table = {
         {"candidate", "FILE", "the candidate configuration (or give FILE as the only argument)",
@@ -90,6 +104,10 @@ const std::vector<OptionDefinition>& OptionTable() {
          [](Options& o, const std::string& v) { o.calls.push_back(ParseCall(v)); }},
         {"keep-going", nullptr, "run every fired point and list every refusal",
          [](Options& o, const std::string&) { o.keep_going = true; }},
+        {"timeout", "SECONDS",
+         "kill a plug-in call that has not returned after SECONDS and report it as crashed "
+         "(default: 60)",
+         [](Options& o, const std::string& v) { o.call_timeout = ParseTimeout(v); }},
         {"format", "text|json", "the report's form (default: text)",
          [](Options& o, const std::string& v) { o.format = ParseFormat(v); }},
         {"list-points", nullptr, "list the model's validation points and their rules, then exit",
@@ -193,7 +211,8 @@ std::string HelpText() {
             "\nFault reports (\"fault: \") and debug lines (\"debug: \") of the plug-in go to\n"
             "stderr or the --log file, never into the report on stdout.\n"
             "\nExit status: 0 accepted, 1 refused, 2 bad usage or bad input, 3 the plug-in\n"
-            "crashed (an assertion, a signal or an exception out of validate).\n";
+            "crashed (an assertion, a signal, an exception out of validate or a call that\n"
+            "ran past --timeout).\n";
     return text.str();
 }
 

@@ -4,10 +4,13 @@
 
 #include <confd_datastore.h>
 
+#include <chrono>
 #include <cstddef>
 #include <stdexcept>
 #include <string>
 #include <vector>
+
+#include "child_process.h"
 
 namespace ipapp_validate {
 
@@ -27,6 +30,8 @@ struct Options {
     std::string log_file;        // empty: stderr
     std::vector<ExplicitCall> calls;
     size_t max_input_size = confdstore::kDefaultMaxFileSize;  // bytes per configuration file
+    // A plug-in call that takes longer is killed and reported as crashed.
+    std::chrono::seconds call_timeout = kDefaultCallTimeout;
     OutputFormat format = OutputFormat::text;
     bool all = false;
     bool keep_going = false;

@@ -2,7 +2,6 @@
 
 #include <velmw_log.h>
 
-#include "child_process.h"
 #include "host_transaction.h"
 #include "log_relay.h"
 #include "plugin_session.h"
@@ -16,7 +15,8 @@ RunReport RunPlugin(const confdstore::Datastore& datastore, std::vector<PlannedC
     LogRelay relay(settings.log);
     PluginSession session(plugin.entry_points(), transaction, plan, settings.keep_going);
     const ChildRun child =
-        RunInChild([&session](int record_fd) { return session.Run(record_fd) ? 0 : 1; }, relay);
+        RunInChild([&session](int record_fd) { return session.Run(record_fd) ? 0 : 1; }, relay,
+                   settings.call_timeout);
     RunReport report =
         MakeRunReport(child, relay.other_lines(), LabelsOf(plan), settings.keep_going);
     if (report.verdict != Verdict::crashed) {

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "call_plan.h"
+#include "child_process.h"
 #include "plugin_library.h"
 #include "run_report.h"
 
@@ -20,6 +21,8 @@ struct PluginRunSettings {
     bool keep_going = false;  // every planned call, not only up to the first refusal
     bool debug = true;        // the plug-in's debug lines
     FILE* log = stderr;       // where fault reports and debug lines go
+    // A call that has not returned by then is killed and reported as crashed.
+    std::chrono::seconds call_timeout = kDefaultCallTimeout;
 };
 
 // A fresh library context for this run alone: lib_init, the calls, lib_finish.

@@ -16,6 +16,9 @@ std::string JoinLines(const std::vector<std::string>& lines) {
 }
 
 std::string DescribeEnd(const ChildEnd& end) {
+    if (end.timed_out_after.count() > 0) {
+        return "timed out after " + std::to_string(end.timed_out_after.count()) + " s";
+    }
     if (end.signaled) {
         return "killed by signal " + std::to_string(end.code) + " (" + strsignal(end.code) + ")";
     }

@@ -91,7 +91,8 @@ int Validate(const Options& options, Clock::time_point start) {
     const PluginLibrary plugin(options.plugin_path.empty() ? BundledPlugin() : options.plugin_path);
     std::vector<PlannedCall> plan = Plan(options, points, datastore);
     const RunReport report =
-        RunPlugin(datastore, plan, plugin, {options.keep_going, options.debug, log.stream()});
+        RunPlugin(datastore, plan, plugin,
+                  {options.keep_going, options.debug, log.stream(), options.call_timeout});
     WriteReport(options, report, start);
     return ExitCode(report.verdict);
 }
