@@ -13,46 +13,24 @@ Exit status 77 (skipped) only when the NETCONF packages are not installed.
 """
 
 import argparse
-import getpass
 import os
-import re
-import select
-import signal
-import socket
-import subprocess
 import sys
-import tempfile
 import time
 import unittest
 
 try:
-    from ncclient import manager
     from ncclient.operations import RPCError
 except ImportError:
     print("skipped: python3-ncclient is not installed", file=sys.stderr)
     sys.exit(77)
 
-START_SECONDS = 30
-STOP_SECONDS = 15
-RPC_SECONDS = 30
+sys.path.insert(0, os.path.join(os.path.dirname(__file__), "..", "..", "twin", "python"))
+from twin_process import Twin, config_element  # noqa: E402
+
 REFUSALS_IN_A_ROW = 100
 REFUSALS_SECONDS = 120
-NETCONF_BASE = "urn:ietf:params:xml:ns:netconf:base:1.0"
 
 ARGS = None
-
-
-def free_port():
-    with socket.socket(socket.AF_INET, socket.SOCK_STREAM) as probe:
-        probe.bind(("127.0.0.1", 0))
-        return probe.getsockname()[1]
-
-
-def config_element(path):
-    """A configuration file of ours as the <config> of an edit-config."""
-    with open(path, encoding="utf-8") as file:
-        text = re.sub(r"<!--.*?-->", "", file.read(), flags=re.S)
-    return '<config xmlns="%s">%s</config>' % (NETCONF_BASE, text)
 
 
 def expected_outcome(path):
@@ -60,63 +38,6 @@ def expected_outcome(path):
     with open(path, encoding="utf-8") as file:
         verdict, _, text = file.read().partition("\n")
     return verdict, text.rstrip("\n")
-
-
-class Twin:
-    """ipapp-netconfd in a temporary directory; stop() ends it by its PID."""
-
-    def __init__(self, running, plugin=None):
-        self.directory = tempfile.TemporaryDirectory(prefix="ipapp-twin-")
-        self.state = os.path.join(self.directory.name, "state")
-        self.port = free_port()
-        command = [ARGS.launcher, "--running", running, "--port", str(self.port),
-                   "--state-dir", self.state]
-        if plugin:
-            command += ["--plugin", plugin]
-        self.process = subprocess.Popen(command, stdout=subprocess.PIPE,
-                                        stderr=subprocess.PIPE, text=True)
-        try:
-            self.ready_line = self._await_ready()
-        except BaseException:
-            self.stop()
-            raise
-
-    def _await_ready(self):
-        readable, _, _ = select.select([self.process.stdout], [], [], START_SECONDS)
-        line = self.process.stdout.readline() if readable else ""
-        if not line.startswith("ready"):
-            raise AssertionError("no ready line within %d s: %r %s" % (
-                START_SECONDS, line, self._logs()))
-        return line
-
-    def _logs(self):
-        texts = []
-        for name in ("netconfd.log", "sshd.log"):
-            path = os.path.join(self.state, name)
-            if os.path.exists(path):
-                with open(path, encoding="utf-8", errors="replace") as file:
-                    texts.append("%s:\n%s" % (name, file.read()[-3000:]))
-        return "\n".join(texts)
-
-    def connect(self):
-        return manager.connect(
-            host="127.0.0.1", port=self.port, username=getpass.getuser(),
-            key_filename=os.path.join(self.state, "client_key"), hostkey_verify=False,
-            look_for_keys=False, allow_agent=False, timeout=RPC_SECONDS)
-
-    def stop(self):
-        """SIGTERM, then SIGKILL after a grace period; returns the exit status."""
-        if self.process.poll() is None:
-            self.process.send_signal(signal.SIGTERM)
-            try:
-                self.process.wait(STOP_SECONDS)
-            except subprocess.TimeoutExpired:
-                self.process.kill()
-                self.process.wait()
-        self.process.stdout.close()
-        self.process.stderr.close()
-        self.directory.cleanup()
-        return self.process.returncode
 
 
 def running_xml(session):
@@ -143,7 +64,7 @@ class DeviceTwin(unittest.TestCase):
 
     @classmethod
     def setUpClass(cls):
-        cls.twin = Twin(os.path.join(ARGS.examples, "running.xml"))
+        cls.twin = Twin(ARGS.launcher, os.path.join(ARGS.examples, "running.xml"))
         cls.addClassCleanup(cls._stop_twin)
         cls.session = cls.twin.connect()
         cls.addClassCleanup(cls.session.close_session)
@@ -227,7 +148,7 @@ class CrashingPluginTwin(unittest.TestCase):
     commit is refused as unchecked, with the crash's cause."""
 
     def test_crash_refuses_the_commit_with_its_cause(self):
-        twin = Twin(ARGS.crash_running, plugin=ARGS.test_plugin)
+        twin = Twin(ARGS.launcher, ARGS.crash_running, ["--plugin", ARGS.test_plugin])
         self.addCleanup(twin.stop)
         session = twin.connect()
         self.addCleanup(session.close_session)

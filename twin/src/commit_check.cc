@@ -45,9 +45,10 @@ CommitVerdict VerdictOf(const RunReport& report) {
 CommitCheck::CommitCheck(const std::string& yang_dir, const std::string& plugin_path)
     : schema_(confdstore::Schema::load(yang_dir)),
       points_(schema_.validation_points()),
-      plugin_(plugin_path) {}
+      plugin_(plugin_path),
+      datastore_(schema_) {}
 
-CommitVerdict CommitCheck::Check(const std::string& running, const std::string& candidate) const {
+CommitVerdict CommitCheck::Check(const std::string& running, const std::string& candidate) {
     try {
         return Run(running, candidate);
     } catch (const std::exception& error) {
@@ -55,15 +56,19 @@ CommitVerdict CommitCheck::Check(const std::string& running, const std::string& 
     }
 }
 
-CommitVerdict CommitCheck::Run(const std::string& running, const std::string& candidate) const {
-    confdstore::Datastore datastore(schema_);
-    datastore.set_running(running, confdstore::DataFormat::xml, "running");
-    datastore.set_candidate(candidate, confdstore::DataFormat::xml, "candidate");
+CommitVerdict CommitCheck::Run(const std::string& running, const std::string& candidate) {
+    // A running text that fails to parse leaves the previous tree and its
+    // text in place, so the two always match.
+    if (running != running_text_) {
+        datastore_.set_running(running, confdstore::DataFormat::xml, "running");
+        running_text_ = running;
+    }
+    datastore_.set_candidate(candidate, confdstore::DataFormat::xml, "candidate");
     std::vector<ipapp_validate::PlannedCall> plan =
-        ipapp_validate::PlanChangedCalls(points_, datastore);
+        ipapp_validate::PlanChangedCalls(points_, datastore_);
     ipapp_validate::PluginRunSettings settings;
     settings.debug = false;
-    return VerdictOf(ipapp_validate::RunPlugin(datastore, plan, plugin_, settings));
+    return VerdictOf(ipapp_validate::RunPlugin(datastore_, plan, plugin_, settings));
 }
 
 }  // namespace ipapp_twin

@@ -3,11 +3,13 @@
 // differs fired in the model's order, the plug-in in a child process, and
 // the verdict as a NETCONF server reports it.
 //
-// The model and the plug-in are loaded once; each commit gets a fresh
-// datastore and a fresh library context (lib_init ... lib_finish in the
-// child), because the plug-in reads its configuration snapshot once per
-// context: a context kept across commits would check every later commit
-// against the first one's data.
+// The model and the plug-in are loaded once. Each commit gets a fresh
+// library context (lib_init ... lib_finish in the child), because the
+// plug-in reads its configuration snapshot once per context: a context kept
+// across commits would check every later commit against the first one's
+// data. The candidate is parsed at every commit; the running configuration's
+// parsed tree is kept while its text stays the same, which it does from one
+// refused commit to the next.
 #ifndef IPAPP_TWIN_COMMIT_CHECK_H
 #define IPAPP_TWIN_COMMIT_CHECK_H
 
@@ -38,14 +40,16 @@ class CommitCheck {
     CommitCheck(const std::string& yang_dir, const std::string& plugin_path);
 
     // running and candidate are XML text of the model's top-level nodes.
-    CommitVerdict Check(const std::string& running, const std::string& candidate) const;
+    CommitVerdict Check(const std::string& running, const std::string& candidate);
 
   private:
-    CommitVerdict Run(const std::string& running, const std::string& candidate) const;
+    CommitVerdict Run(const std::string& running, const std::string& candidate);
 
     confdstore::Schema schema_;
     std::vector<confdstore::ValidationPoint> points_;
     ipapp_validate::PluginLibrary plugin_;
+    confdstore::Datastore datastore_;
+    std::string running_text_;  // what datastore_'s running configuration was parsed from
 };
 
 }  // namespace ipapp_twin

@@ -78,20 +78,23 @@ std::string UserName() {
     return entry->pw_name;
 }
 
-std::vector<std::string> NetconfdArguments(const Files& files, const StatePaths& paths, int port) {
+std::vector<std::string> NetconfdArguments(const Files& files, const StatePaths& paths,
+                                           const LauncherOptions& options) {
     std::vector<std::string> arguments{
         kNetconfd,
         "--config=/dev/null",
         "--target=candidate",
-        "--port=" + std::to_string(port),
+        "--port=" + std::to_string(options.port),
         "--modpath=" + files.yang_dir + ":" + files.twin_dir + ":" + kYumaModules,
         "--runpath=" + files.twin_dir,
         "--startup=" + paths.startup,
         "--ncxserver-sockname=" + paths.socket,
         "--log=" + paths.netconfd_log,
         "--log-append",
-        "--access-control=off",
-        "--module=ipapp-twin"};
+        "--access-control=off"};
+    if (!options.no_hook) {
+        arguments.push_back("--module=ipapp-twin");
+    }
     for (const std::string& module : ModelModules(files.yang_dir)) {
         arguments.push_back("--module=" + module);
     }
@@ -184,7 +187,7 @@ int Serve(const LauncherOptions& options, const Files& files, const StatePaths& 
         mkdir(kSshdRunDirectory, 0755);
     }
     try {
-        ServerProcess netconfd("netconfd", NetconfdArguments(files, paths, options.port),
+        ServerProcess netconfd("netconfd", NetconfdArguments(files, paths, options),
                                paths.netconfd_log,
                                {std::string(kYangDirVariable) + "=" + files.yang_dir,
                                 std::string(kPluginVariable) + "=" + files.plugin});

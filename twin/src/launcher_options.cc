@@ -49,7 +49,9 @@ LauncherOptions ParseLauncherOptions(const std::vector<std::string>& arguments) 
     LauncherOptions options;
     for (size_t i = 0; i < arguments.size(); ++i) {
         const std::string& argument = arguments[i];
-        if (argument == "--help") {
+        if (argument == "--no-hook") {
+            options.no_hook = true;
+        } else if (argument == "--help") {
             options.help = true;
         } else if (argument == "--version") {
             options.version = true;
@@ -86,6 +88,8 @@ std::string LauncherHelpText() {
            "                   invoking user logs in with the key DIR/client_key\n"
            "  --yang DIR       another model than the bundled one\n"
            "  --plugin PATH    another plug-in than the bundled one\n"
+           "  --no-hook        netconfd without the plug-in's check, which commits what\n"
+           "                   the device would refuse: only to measure netconfd alone\n"
            "  --help, --version\n"
            "\n"
            "Prints one line beginning with 'ready' once a client can connect.\n";

@@ -19,6 +19,7 @@ struct LauncherOptions {
     std::string state_dir;
     std::string yang_dir;     // empty: the bundled model
     std::string plugin_path;  // empty: the bundled plug-in
+    bool no_hook = false;     // netconfd alone, for comparison
     bool help = false;
     bool version = false;
 };

@@ -1,0 +1,111 @@
+"""Time per <commit> of the NETCONF twin, refused and accepted, with the
+plug-in's commit hook and without it (netconfd alone, --no-hook), at the
+examples' size and on the generated device at 1x. Each sample is one
+edit-config of the whole candidate (not timed) followed by the timed
+commit; an accepted commit is then undone by committing the running
+configuration again, a refused one by discard-changes. Without the hook the
+refused candidate commits too: that is netconfd's own commit of the same
+data.
+
+usage: python3 bench/twin_benchmark.py BUILD_DIR [--runs N]
+"""
+
+import argparse
+import os
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+
+sys.path.insert(0, os.path.join(os.path.dirname(__file__), "..", "twin", "python"))
+from ncclient.operations import RPCError  # noqa: E402
+from twin_process import Twin, config_element  # noqa: E402
+
+EXAMPLES = os.path.join(os.path.dirname(__file__), "..", "examples")
+
+# The generated device at 1x, and one route fewer (accepted) or more (over
+# the route budget: refused) than it has.
+DEVICE_1X = {
+    "running": ["--scale=1"],
+    "accepted": ["--scale=1", "--ipv4-routes=499"],
+    "refused": ["--scale=1", "--ipv4-routes=501"],
+}
+
+
+def generate_device(generator, directory):
+    files = {}
+    for role, options in DEVICE_1X.items():
+        files[role] = os.path.join(directory, role + ".xml")
+        subprocess.run([generator, "--device=" + files[role], *options], check=True,
+                       stdout=subprocess.DEVNULL)
+    return files
+
+
+def timed_commit(session, candidate):
+    """The commit's wall time in ms, and whether it was refused."""
+    session.edit_config(target="candidate", config=candidate, default_operation="replace")
+    start = time.perf_counter()
+    try:
+        session.commit()
+        refused = False
+    except RPCError:
+        refused = True
+    elapsed = (time.perf_counter() - start) * 1000
+    if refused:
+        session.discard_changes()
+    return elapsed, refused
+
+
+def measure(launcher, files, options, runs):
+    twin = Twin(launcher, files["running"], options)
+    try:
+        session = twin.connect()
+        running = config_element(files["running"])
+        results = {}
+        for role in ("refused", "accepted"):
+            candidate = config_element(files[role])
+            times = []
+            outcomes = set()
+            for _ in range(runs):
+                elapsed, refused = timed_commit(session, candidate)
+                times.append(elapsed)
+                outcomes.add("refused" if refused else "committed")
+                if not refused:
+                    timed_commit(session, running)
+            results[role] = (statistics.median(times), min(times), "/".join(sorted(outcomes)))
+        session.close_session()
+        return results
+    finally:
+        twin.stop()
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("build_dir")
+    parser.add_argument("--runs", type=int, default=20)
+    args = parser.parse_args()
+    launcher = os.path.join(args.build_dir, "tools", "ipapp-netconfd")
+    generator = os.path.join(args.build_dir, "bench", "ipapp-generate-config")
+    with tempfile.TemporaryDirectory(prefix="ipapp-twin-bench-") as directory:
+        sizes = {
+            "examples": {
+                "running": os.path.join(EXAMPLES, "running.xml"),
+                "accepted": os.path.join(EXAMPLES, "candidate-accepted.xml"),
+                "refused": os.path.join(EXAMPLES, "candidate-refused.xml"),
+            },
+            "device 1x": generate_device(generator, directory),
+        }
+        print("%-10s %-9s %-9s %12s %10s  %s" % ("size", "hook", "candidate", "median ms",
+                                                "min ms", "outcome"))
+        for size, files in sizes.items():
+            for hook, options in (("with", []), ("without", ["--no-hook"])):
+                results = measure(launcher, files, options, args.runs)
+                for role, (median, fastest, outcome) in results.items():
+                    print("%-10s %-9s %-9s %12.1f %10.1f  %s" % (size, hook, role, median,
+                                                                 fastest, outcome))
+                    sys.stdout.flush()
+
+
+if __name__ == "__main__":
+    main()
