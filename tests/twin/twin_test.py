@@ -84,15 +84,22 @@ class DeviceTwin(unittest.TestCase):
                 if expected[0] == verdict:
                     yield name, path, expected[1]
 
-    def edit_and_commit(self, path):
+    def edit(self, path):
         self.session.edit_config(target="candidate", config=config_element(path),
                                  default_operation="replace")
+
+    def edit_and_commit(self, path):
+        self.edit(path)
         self.session.commit()
 
     def assert_refused(self, path, **refusal):
-        with self.assertRaises(RPCError) as raised:
-            self.edit_and_commit(path)
-        CommitRefusal.check(self, raised.exception, **refusal)
+        """<validate> of the candidate and <commit> give the same refusal."""
+        self.edit(path)
+        for operation in (lambda: self.session.validate(source="candidate"),
+                          self.session.commit):
+            with self.assertRaises(RPCError) as raised:
+                operation()
+            CommitRefusal.check(self, raised.exception, **refusal)
         self.assertEqual(running_xml(self.session), self.initial_running)
         self.session.discard_changes()
         self.assertEqual(self.session.get_config(source="candidate").data_xml,
@@ -136,6 +143,11 @@ class DeviceTwin(unittest.TestCase):
         accepted = list(self.examples("accepted"))
         self.assertEqual(len(accepted), 1)
         name, path, _ = accepted[0]
+        self.edit(path)
+        self.session.validate(source="candidate")
+        # netconfd commits nothing after a <validate> of the candidate
+        # until the candidate is edited again.
+        self.session.discard_changes()
         self.edit_and_commit(path)
         candidate = self.session.get_config(source="candidate").data_xml
         running = running_xml(self.session)
@@ -159,7 +171,7 @@ class CrashingPluginTwin(unittest.TestCase):
             session.commit()
         CommitRefusal.check(
             self, raised.exception, app_tag="ipapp-unchecked",
-            message_start="commit not checked, so refused: the plug-in crashed in "
+            message_start="configuration not checked, so refused: the plug-in crashed in "
                           "validate_ipv6_nd_ra_interval /config/interface/l3{abort}/ipv6/nd/ra: "
                           "killed by signal 6 (Aborted)")
         self.assertEqual(running_xml(session), before)

@@ -14,7 +14,7 @@ using ipapp_validate::RunReport;
 using ipapp_validate::Verdict;
 
 CommitVerdict Unchecked(const std::string& why) {
-    return CommitVerdict{false, kUncheckedAppTag, "commit not checked, so refused: " + why};
+    return CommitVerdict{false, kUncheckedAppTag, "configuration not checked, so refused: " + why};
 }
 
 std::string CallName(const CallReport& call) {

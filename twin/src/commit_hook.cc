@@ -3,13 +3,18 @@
 // registers a hook that netconfd runs on every <commit> of the candidate,
 // after its own checks; the hook hands candidate and running to the engine
 // and records the refusal as the commit's rpc-error. A refused commit leaves
-// running as it was.
+// running as it was. <validate> of the candidate runs the same check, as the
+// invoke phase of the operation, which netconfd leaves free (its own checks
+// are the operation's validate phase).
 #include <agt.h>
 #include <agt_commit_validate.h>
+#include <agt_rpc.h>
 #include <agt_util.h>
 #include <cfg.h>
 #include <log.h>
+#include <ncxconst.h>
 #include <ncxmod.h>
+#include <rpc.h>
 
 #include <cstdlib>
 #include <exception>
@@ -60,16 +65,17 @@ void RecordRefusal(ses_cb_t* session, xml_msg_hdr_t* message,
 
 ipapp_twin::CommitVerdict CheckCommit(val_value_t* candidate_root) {
     const cfg_template_t* running = cfg_get_config_id(NCX_CFGID_RUNNING);
-    if (running == nullptr || running->root == nullptr) {
+    if (running == nullptr || running->root == nullptr || candidate_root == nullptr) {
         return {false, ipapp_twin::kUncheckedAppTag,
-                "commit not checked, so refused: netconfd has no running configuration"};
+                "configuration not checked, so refused: netconfd has no running or candidate "
+                "configuration"};
     }
     try {
         return twin->check.Check(ipapp_twin::ModelConfigXml(running->root, twin->modules),
                                  ipapp_twin::ModelConfigXml(candidate_root, twin->modules));
     } catch (const std::exception& error) {
         return {false, ipapp_twin::kUncheckedAppTag,
-                std::string("commit not checked, so refused: ") + error.what()};
+                std::string("configuration not checked, so refused: ") + error.what()};
     }
 }
 
@@ -80,6 +86,21 @@ status_t OnCommit(ses_cb_t* session, xml_msg_hdr_t* message, val_value_t* candid
     }
     RecordRefusal(session, message, verdict);
     return ERR_NCX_OPERATION_FAILED;
+}
+
+bool NamesCandidate(rpc_msg_t* message) {
+    val_value_t* source = val_find_child(message->rpc_input, NC_MODULE, NCX_EL_SOURCE);
+    val_value_t* which = source == nullptr ? nullptr : val_get_first_child(source);
+    return which != nullptr && xml_strcmp(which->name, NCX_EL_CANDIDATE) == 0;
+}
+
+// Other sources (running, a URL, inline data) get netconfd's checks only.
+status_t OnValidate(ses_cb_t* session, rpc_msg_t* message, xml_node_t*) {
+    if (!NamesCandidate(message)) {
+        return NO_ERR;
+    }
+    const cfg_template_t* candidate = cfg_get_config_id(NCX_CFGID_CANDIDATE);
+    return OnCommit(session, &message->mhdr, candidate == nullptr ? nullptr : candidate->root);
 }
 
 }  // namespace
@@ -100,7 +121,13 @@ EXPORT status_t y_ipapp_twin_init(const xmlChar* module, const xmlChar* revision
         log_error("\nError: %s: %s\n", kModule, error.what());
         return ERR_NCX_OPERATION_FAILED;
     }
-    return agt_commit_validate_register(Xml(kModule), OnCommit);
+    result = agt_commit_validate_register(Xml(kModule), OnCommit);
+    if (result != NO_ERR) {
+        return result;
+    }
+    // Not unregistered at cleanup: that would drop netconfd's own phases of
+    // <validate> with it; netconfd unregisters the operation when it stops.
+    return agt_rpc_register_method(NC_MODULE, Xml("validate"), AGT_RPC_PH_INVOKE, OnValidate);
 }
 
 EXPORT status_t y_ipapp_twin_init2() {
