@@ -171,8 +171,8 @@ class CrashingPluginTwin(unittest.TestCase):
             session.commit()
         CommitRefusal.check(
             self, raised.exception, app_tag="ipapp-unchecked",
-            message_start="configuration not checked, so refused: the plug-in crashed in "
-                          "validate_ipv6_nd_ra_interval /config/interface/l3{abort}/ipv6/nd/ra: "
+            message_start="configuration not checked, so refused: the plug-in ended without "
+                          "a verdict in validate_ipv6_nd_ra_interval /config/interface/l3{abort}/ipv6/nd/ra: "
                           "killed by signal 6 (Aborted)")
         self.assertEqual(running_xml(session), before)
         self.assertIsNone(twin.process.poll())

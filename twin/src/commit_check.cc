@@ -29,8 +29,8 @@ CommitVerdict VerdictOf(const RunReport& report) {
     for (const CallReport& call : report.calls) {
         if (call.crash) {
             const std::string detail = call.crash->detail.empty() ? "" : "\n" + call.crash->detail;
-            return Unchecked("the plug-in crashed in " + CallName(call) + ": " + call.crash->cause +
-                             detail);
+            return Unchecked("the plug-in ended without a verdict in " + CallName(call) + ": " +
+                             call.crash->cause + detail);
         }
         if (call.verdict == Verdict::refused) {
             return CommitVerdict{false, kRefusedAppTag,
