@@ -227,6 +227,34 @@ TEST_F(MaapiRead, MalformedAndHostilePathsAreBadPaths) {
               error(CONFD_ERR_BADPATH));
 }
 
+// A control character in a path's text is refused the same way wherever
+// the text comes from; a key given as a value is that value, as data may
+// hold such keys.
+TEST_F(MaapiRead, ControlCharactersInPathTextAreBadPaths) {
+    const auto refusal = [](int result) { return outcome(result) + ": " + confd_lasterr(); };
+    const std::string bad_path =
+        error(CONFD_ERR_BADPATH) + ": bad path: control character in path at offset 22";
+    EXPECT_EQ(refusal(maapi_exists(s, th, "/config/interface/l3{a\nb}")), bad_path);
+    EXPECT_EQ(refusal(maapi_exists(s, th, "/config/interface/l3{%s}", "a\nb")), bad_path);
+    EXPECT_EQ(refusal(maapi_exists(s, th, "/config/interface/l3{a%c}", '\x7f')), bad_path);
+    EXPECT_EQ(refusal(maapi_exists(s, th, "/config/interface/l3{\"\x1b\"}")), bad_path);
+    EXPECT_EQ(refusal(maapi_exists(s, th,
+                                   "/config/interface/l3{a\x01"
+                                   "0\x02}")),
+              bad_path);
+    try {
+        confd.datastore().keypath("/config/interface/l3{a\nb}");
+        ADD_FAILURE() << "a keypath with a newline in a key";
+    } catch (const confdstore::Error& keypath_error) {
+        EXPECT_STREQ(keypath_error.what(),
+                     "/config/interface/l3{a\nb}: control character in path at offset 22");
+    }
+    confd_value_t key;
+    CONFD_SET_CBUF(&key, "a\nb", 3);
+    EXPECT_EQ(maapi_exists(s, th, "/config/interface/l3{%x}", &key), 0);
+    EXPECT_EQ(maapi_exists(s, th, "/config/interface/l3{a\tb}"), CONFD_ERR) << "two keys";
+}
+
 TEST_F(MaapiRead, QuotedKeysMayHoldBlanksAndBraces) {
     ipapp_test::ConfdFixture quoted{"", R"(
 <config xmlns="urn:ipapp:yang:device-config"><interface>

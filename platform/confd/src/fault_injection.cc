@@ -32,7 +32,7 @@ Faults& faults() {
 std::string normalize(const std::string& path) {
     std::vector<PathStep> steps;
     std::string error;
-    return path.empty() || !parse_path(path, {}, steps, error) ? path : normalized_path(steps);
+    return path.empty() || !parse_path_text(path, steps, error) ? path : normalized_path(steps);
 }
 
 }  // namespace

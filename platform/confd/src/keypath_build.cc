@@ -84,7 +84,7 @@ std::shared_ptr<const KeypathData> keypath_of_path(const Schema& schema, const s
     std::vector<PathStep> steps;
     std::vector<const lysc_node*> chain;
     std::string error;
-    if (!parse_path(path, {}, steps, error) || !resolve_schema(schema, steps, chain, error)) {
+    if (!parse_path_text(path, steps, error) || !resolve_schema(schema, steps, chain, error)) {
         throw confdstore::Error(path + ": " + error);
     }
     Levels levels;

@@ -6,25 +6,15 @@
 #include <cstdio>
 #include <cstring>
 #include <string>
+#include <string_view>
+
+#include "path_syntax.h"
 
 namespace confd::detail {
 namespace {
 
 // Longer expansions are refused rather than allocated ("%999999999d").
 constexpr size_t kMaxPathLength = size_t{1} << 20;
-
-bool is_marker_char(char c) {
-    return c >= kValueOpen && c <= kTagClose;
-}
-
-bool has_marker_char(const char* text) {
-    for (; *text != '\0'; ++text) {
-        if (is_marker_char(*text)) {
-            return true;
-        }
-    }
-    return false;
-}
 
 // One printf conversion after its '%', with '*' replaced by the argument.
 struct Conversion {
@@ -47,35 +37,43 @@ class Expander {
     bool parse_conversion(const char*& p, Conversion& conversion, std::string& error);
     bool print_conversion(const Conversion& conversion, std::string& error);
     template <typename T>
-    void print(const Conversion& conversion, T argument);
+    bool print(const Conversion& conversion, T argument, std::string& error);
+    bool append_text(std::string_view text, std::string& error);
     bool append_value(const confd_value_t* value, std::string& error);
     bool append_values(std::string& error);
     bool append_keypath(int levels, const confd_hkeypath_t* hkp, std::string& error);
 
     va_list args_;
     FormattedPath& out_;
-    bool too_long_ = false;
 };
 
 bool Expander::run(const char* fmt, std::string& error) {
     for (const char* p = fmt; *p != '\0';) {
-        if (is_marker_char(*p)) {
-            error = "control character in path";
-            return false;
-        }
         if (*p != '%') {
-            out_.text += *p++;
+            if (!append_text(std::string_view(p++, 1), error)) {
+                return false;
+            }
             continue;
         }
         ++p;
         if (!expand(p, error)) {
             return false;
         }
-        if (too_long_ || out_.text.size() > kMaxPathLength) {
+        if (out_.text.size() > kMaxPathLength) {
             error = "path too long";
             return false;
         }
     }
+    return true;
+}
+
+// Text of the template or printed by a conversion; markers only come from
+// values and keypaths.
+bool Expander::append_text(std::string_view text, std::string& error) {
+    if (!check_path_characters(text, error, out_.text.size())) {
+        return false;
+    }
+    out_.text += text;
     return true;
 }
 
@@ -155,16 +153,19 @@ bool Expander::parse_conversion(const char*& p, Conversion& c, std::string& erro
 }
 
 template <typename T>
-void Expander::print(const Conversion& conversion, T argument) {
+bool Expander::print(const Conversion& conversion, T argument, std::string& error) {
     const int size = std::snprintf(nullptr, 0, conversion.directive.c_str(), argument);
-    if (size <= 0 || static_cast<size_t>(size) > kMaxPathLength) {
-        too_long_ = size > 0;
-        return;
+    if (size > 0 && static_cast<size_t>(size) > kMaxPathLength) {
+        error = "path too long";
+        return false;
+    }
+    if (size <= 0) {
+        return true;
     }
     std::string text(static_cast<size_t>(size) + 1, '\0');
     std::snprintf(text.data(), text.size(), conversion.directive.c_str(), argument);
     text.resize(static_cast<size_t>(size));
-    out_.text += text;
+    return append_text(text, error);
 }
 
 bool Expander::print_conversion(const Conversion& c, std::string& error) {
@@ -173,33 +174,35 @@ bool Expander::print_conversion(const Conversion& c, std::string& error) {
         case 'd':
         case 'i':
             if (l == "ll") {
-                print(c, va_arg(args_, long long));
-            } else if (l == "l") {
-                print(c, va_arg(args_, long));
-            } else if (l == "j") {
-                print(c, va_arg(args_, intmax_t));
-            } else if (l == "z" || l == "t") {
-                print(c, va_arg(args_, ptrdiff_t));
-            } else {
-                print(c, va_arg(args_, int));
+                return print(c, va_arg(args_, long long), error);
             }
-            return true;
+            if (l == "l") {
+                return print(c, va_arg(args_, long), error);
+            }
+            if (l == "j") {
+                return print(c, va_arg(args_, intmax_t), error);
+            }
+            if (l == "z" || l == "t") {
+                return print(c, va_arg(args_, ptrdiff_t), error);
+            }
+            return print(c, va_arg(args_, int), error);
         case 'o':
         case 'u':
         case 'x':
         case 'X':
             if (l == "ll") {
-                print(c, va_arg(args_, unsigned long long));
-            } else if (l == "l") {
-                print(c, va_arg(args_, unsigned long));
-            } else if (l == "j") {
-                print(c, va_arg(args_, uintmax_t));
-            } else if (l == "z" || l == "t") {
-                print(c, va_arg(args_, size_t));
-            } else {
-                print(c, va_arg(args_, unsigned int));
+                return print(c, va_arg(args_, unsigned long long), error);
             }
-            return true;
+            if (l == "l") {
+                return print(c, va_arg(args_, unsigned long), error);
+            }
+            if (l == "j") {
+                return print(c, va_arg(args_, uintmax_t), error);
+            }
+            if (l == "z" || l == "t") {
+                return print(c, va_arg(args_, size_t), error);
+            }
+            return print(c, va_arg(args_, unsigned int), error);
         case 'e':
         case 'E':
         case 'f':
@@ -209,27 +212,22 @@ bool Expander::print_conversion(const Conversion& c, std::string& error) {
         case 'a':
         case 'A':
             if (l == "L") {
-                print(c, va_arg(args_, long double));
-            } else {
-                print(c, va_arg(args_, double));
+                return print(c, va_arg(args_, long double), error);
             }
-            return true;
+            return print(c, va_arg(args_, double), error);
         case 'c':
-            print(c, va_arg(args_, int));
-            return true;
+            return print(c, va_arg(args_, int), error);
         case 'p':
-            print(c, va_arg(args_, void*));
-            return true;
+            return print(c, va_arg(args_, void*), error);
         default:
             break;
     }
     const char* text = va_arg(args_, const char*);
-    if (text == nullptr || !l.empty() || has_marker_char(text)) {
+    if (text == nullptr || !l.empty()) {
         error = text == nullptr ? "null string argument in path" : "bad string argument in path";
         return false;
     }
-    print(c, text);
-    return true;
+    return print(c, text, error);
 }
 
 bool Expander::append_value(const confd_value_t* value, std::string& error) {

@@ -199,6 +199,24 @@ bool PathParser::parse_marker(std::string& text, const confd_value_t** value, st
 
 }  // namespace
 
+bool is_control_character(char c) {
+    return (static_cast<unsigned char>(c) < 0x20 && c != '\t') || c == '\x7f';
+}
+
+bool check_path_characters(std::string_view text, std::string& error, size_t offset) {
+    for (size_t at = 0; at < text.size(); ++at) {
+        if (is_control_character(text[at])) {
+            error = "control character in path at offset " + std::to_string(offset + at);
+            return false;
+        }
+    }
+    return true;
+}
+
+bool parse_path_text(std::string_view text, std::vector<PathStep>& steps, std::string& error) {
+    return check_path_characters(text, error) && parse_path(text, {}, steps, error);
+}
+
 bool parse_path(std::string_view text, const std::vector<confd_value_t>& values,
                 std::vector<PathStep>& steps, std::string& error) {
     PathParser parser(text, values);

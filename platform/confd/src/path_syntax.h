@@ -30,6 +30,20 @@ struct PathStep {
     std::vector<KeyToken> keys;
 };
 
+// A character below U+0020 other than the tab (which separates keys), or
+// DEL: no path's text may hold one, in a node name or a key.
+bool is_control_character(char c);
+
+// Refuses ("control character in path at offset N", the offset counted from
+// `offset`, where text stands in the path) text holding a control character.
+// Every path's text passes this check: a template's characters and what its
+// conversions print as well as a path given as text.
+bool check_path_characters(std::string_view text, std::string& error, size_t offset = 0);
+
+// A path given as text, without template arguments: checked for control
+// characters, then split as parse_path does.
+bool parse_path_text(std::string_view text, std::vector<PathStep>& steps, std::string& error);
+
 // Splits an expanded path into steps; false with a message when malformed.
 // Tokens point into values, which must outlive the steps.
 bool parse_path(std::string_view text, const std::vector<confd_value_t>& values,

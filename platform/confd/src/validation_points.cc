@@ -30,7 +30,7 @@ const lysc_node* dependency_node(const Schema& schema, const confdstore::Validat
     std::vector<PathStep> steps;
     std::vector<const lysc_node*> chain;
     std::string error;
-    if (!parse_path(path, {}, steps, error) || !resolve_schema(schema, steps, chain, error)) {
+    if (!parse_path_text(path, steps, error) || !resolve_schema(schema, steps, chain, error)) {
         throw confdstore::Error("validation point " + point.name + " on " + point.node_path +
                                 ": bad dependency '" + path + "': " + error);
     }
