@@ -24,6 +24,18 @@ confdstore::DataFormat format_of(const std::string& file) {
     throw confdstore::Error(file + ": unknown data format (expected a .xml or .json file)");
 }
 
+// A failed parse or validation: libyang's message, or after an allocation
+// failure only that, with the partial tree and the context left unfreed.
+[[noreturn]] void throw_libyang_failure(const Schema& schema, LY_ERR result, lyd_node* partial,
+                                        const std::string& name) {
+    if (result == LY_EMEM) {
+        schema.abandon();
+        throw confdstore::Error(name + ": out of memory");
+    }
+    lyd_free_all(partial);
+    throw confdstore::Error(name + ": " + take_libyang_error(schema.context()));
+}
+
 bool blank(std::string_view text) {
     return text.find_first_not_of(" \t\r\n") == std::string::npos;
 }
@@ -34,7 +46,9 @@ Tree::Tree(std::shared_ptr<const Schema> schema, lyd_node* root)
     : schema_(std::move(schema)), root_(root), top_level_(root) {}
 
 Tree::~Tree() {
-    lyd_free_all(root_);
+    if (!schema_->abandoned()) {
+        lyd_free_all(root_);
+    }
 }
 
 std::shared_ptr<const Tree> Tree::load(std::shared_ptr<const Schema> schema,
@@ -52,10 +66,10 @@ std::shared_ptr<const Tree> Tree::parse(std::shared_ptr<const Schema> schema,
     }
     const LYD_FORMAT ly_format = format == confdstore::DataFormat::xml ? LYD_XML : LYD_JSON;
     lyd_node* root = nullptr;
-    if (lyd_parse_data_mem(schema->context(), body.data(), ly_format, LYD_PARSE_STRICT,
-                           LYD_VALIDATE_NO_STATE, &root) != LY_SUCCESS) {
-        lyd_free_all(root);
-        throw confdstore::Error(name + ": " + take_libyang_error(schema->context()));
+    const LY_ERR result = lyd_parse_data_mem(schema->context(), body.data(), ly_format,
+                                             LYD_PARSE_STRICT, LYD_VALIDATE_NO_STATE, &root);
+    if (result != LY_SUCCESS) {
+        throw_libyang_failure(*schema, result, root, name);
     }
     if (root == nullptr) {
         return empty(std::move(schema));
@@ -66,9 +80,10 @@ std::shared_ptr<const Tree> Tree::parse(std::shared_ptr<const Schema> schema,
 std::shared_ptr<const Tree> Tree::empty(std::shared_ptr<const Schema> schema) {
     lyd_node* root = nullptr;
     // Validation adds the implicit nodes (non-presence containers) of the model.
-    if (lyd_validate_all(&root, schema->context(), LYD_VALIDATE_NO_STATE, nullptr) != LY_SUCCESS) {
-        lyd_free_all(root);
-        throw confdstore::Error("empty configuration: " + take_libyang_error(schema->context()));
+    const LY_ERR result =
+        lyd_validate_all(&root, schema->context(), LYD_VALIDATE_NO_STATE, nullptr);
+    if (result != LY_SUCCESS) {
+        throw_libyang_failure(*schema, result, root, "empty configuration");
     }
     return std::shared_ptr<const Tree>(
         new Tree(std::move(schema), root != nullptr ? lyd_first_sibling(root) : nullptr));

@@ -91,7 +91,9 @@ std::shared_ptr<const Schema> Schema::load(const std::string& directory) {
 }
 
 Schema::~Schema() {
-    ly_ctx_destroy(ctx_);
+    if (!abandoned_) {
+        ly_ctx_destroy(ctx_);
+    }
 }
 
 void Schema::index(const lysc_node* parent, const lysc_node* node) {

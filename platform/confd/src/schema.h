@@ -10,6 +10,7 @@
 
 #include <libyang/libyang.h>
 
+#include <atomic>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -36,6 +37,12 @@ class Schema {
     Schema& operator=(const Schema&) = delete;
 
     const ly_ctx* context() const { return ctx_; }
+
+    // After libyang ran out of memory its dictionary may be inconsistent
+    // (libyang 2.1 crashes destroying such a context), so the context and
+    // the trees made with it are then left to the process's end, not freed.
+    void abandon() const { abandoned_ = true; }
+    bool abandoned() const { return abandoned_; }
     const std::vector<const lys_module*>& modules() const { return modules_; }
     // Every data node, in schema order.
     const std::vector<const lysc_node*>& nodes() const { return nodes_; }
@@ -72,6 +79,7 @@ class Schema {
     };
 
     ly_ctx* ctx_ = nullptr;
+    mutable std::atomic<bool> abandoned_{false};
     std::vector<const lys_module*> modules_;
     std::vector<const lysc_node*> nodes_;  // every data node, in schema order
     std::unordered_map<const lysc_node*, NodeInfo> info_;
