@@ -2,10 +2,12 @@
 // status 2, and nothing on stdout.
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 
 #include "ipapp_test_support/scratch_directory.h"
+#include "message_line.h"
 #include "tool_run.h"
 
 namespace {
@@ -21,6 +23,24 @@ constexpr const char* kModelViolation =
 
 using namespace std::string_literals;
 
+#ifndef IPAPP_SANITIZE
+// So many interfaces that libyang's tree of them does not fit in 100 MB.
+std::string ManyInterfaces() {
+    std::string text = R"(<config xmlns="urn:ipapp:yang:device-config"><interface>)";
+    for (int name = 0; name < 100000; ++name) {
+        text +=
+            R"(<l3 xmlns="urn:ipapp:yang:ipapp"><name>)" + std::to_string(name) + "</name></l3>";
+    }
+    return text + "</interface></config>";
+}
+#endif
+
+std::string WithVlan(const std::string& vlan) {
+    return R"(<config xmlns="urn:ipapp:yang:device-config"><interface>)"
+           R"(<l3 xmlns="urn:ipapp:yang:ipapp"><name>5</name><lower-layer-if><vlan>)" +
+           vlan + "</vlan></lower-layer-if></l3></interface></config>";
+}
+
 struct BadInput {
     // A file to write into the case's directory first (a name that ends in
     // "/" is a directory), and its content; content that starts with "->" makes
@@ -30,6 +50,7 @@ struct BadInput {
     // "@/" in arguments and fragments stands for the case's directory.
     std::vector<std::string> arguments;
     std::vector<std::string> fragments;  // what the one line holds
+    std::string before_command{};        // shell words: "ulimit -v N;"
 };
 
 const BadInput kBadInputs[] = {
@@ -92,6 +113,25 @@ const BadInput kBadInputs[] = {
      "",
      {"--max-input-size=100", "--running", "@/candidate.xml", "@/candidate.xml"},
      {"@/candidate.xml: larger than 100 bytes, the input size limit"}},
+    // Control characters, bytes that are not UTF-8 and long echoes, from the
+    // command line or from libyang's message, stay on one line.
+    {"",
+     "",
+     {"--call", "p=/config/interface/l3{a\nb}", "@/candidate.xml"},
+     {"--call p=/config/interface/l3{a\\nb}: /config/interface/l3{a\\nb}: control character in "
+      "path at offset 22"}},
+    {"",
+     "",
+     {"@/new\nline\xC2\x85\xFF.xml"},
+     {"@/new\\nline\\xC2\\x85\\xFF.xml: cannot read: No such file or directory"}},
+    {"vlan.xml",
+     WithVlan("1\n2"),
+     {"@/vlan.xml"},
+     {"@/vlan.xml: Invalid type int32 value \"1\\n2\"."}},
+    {"long.xml", WithVlan(std::string(1000, '7')), {"@/long.xml"}, {"@/long.xml: ", "777..."}},
+#ifndef IPAPP_SANITIZE
+    {"many.xml", ManyInterfaces(), {"@/many.xml"}, {"@/many.xml"}, "ulimit -v 100000;"},
+#endif
 };
 
 std::string Expand(std::string text, const std::string& directory) {
@@ -118,12 +158,14 @@ TEST(Tool, BadInputIsOneLineExitTwoNothingOnStdout) {
         for (const std::string& argument : input.arguments) {
             arguments.push_back(Expand(argument, directory));
         }
-        const ToolRun run = RunIpappValidate(arguments);
+        const ToolRun run = RunIpappValidate(arguments, input.before_command);
         SCOPED_TRACE(run.err);
         EXPECT_EQ(run.status, 2);
         EXPECT_EQ(run.out, "");
         EXPECT_EQ(run.err.rfind("ipapp-validate: ", 0), 0u);
         EXPECT_EQ(run.err.find('\n'), run.err.size() - 1);
+        EXPECT_LE(run.err.size(),
+                  std::strlen("ipapp-validate: ...\n") + ipapp_validate::kMaxMessageLineBytes);
         for (const std::string& fragment : input.fragments) {
             EXPECT_NE(run.err.find(Expand(fragment, directory)), std::string::npos) << fragment;
         }

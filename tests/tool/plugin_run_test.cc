@@ -177,6 +177,17 @@ TEST(Tool, ClosedStdoutKeepsTheVerdict) {
         RunIpappValidateIntoClosedPipe({"--plugin", TEST_PLUGIN, "--call",
                                         "p=/config/interface/l3{refuse}", TOOL_TEST_CANDIDATE}),
         1);
+    // A stdout closed at start does not make the log file descriptor 1, which
+    // the report is written to.
+    const ipapp_test::ScratchDirectory directory;
+    const std::string log = (directory.path() / "log").string();
+    EXPECT_EQ(RunIpappValidateRedirected({"--plugin", TEST_PLUGIN, "--log", log, "--call",
+                                          "p=/config/interface/l3{chatter}", TOOL_TEST_CANDIDATE},
+                                         ">&-"),
+              0);
+    const std::string logged = ReadFile(log);
+    EXPECT_NE(logged.find("debug: a debug line from p\n"), std::string::npos) << logged;
+    EXPECT_EQ(logged.find("validation calls"), std::string::npos) << logged;
 }
 
 TEST(Tool, HelpPointListsAndTiming) {

@@ -48,12 +48,12 @@ std::string ReadFile(const std::string& path) {
 }
 
 ToolRun RunIpappValidate(const std::vector<std::string>& arguments,
-                         const std::string& environment) {
+                         const std::string& before_command) {
     const ipapp_test::ScratchDirectory directory;
     const std::string out = (directory.path() / "out").string();
     const std::string err = (directory.path() / "err").string();
     ToolRun run;
-    run.status = Shell(environment + ' ' + CommandLine(arguments) + " >" + ShellQuoted(out) +
+    run.status = Shell(before_command + ' ' + CommandLine(arguments) + " >" + ShellQuoted(out) +
                        " 2>" + ShellQuoted(err));
     run.out = ReadFile(out);
     run.err = ReadFile(err);
@@ -66,7 +66,12 @@ int RunIpappValidateIntoClosedPipe(const std::vector<std::string>& arguments) {
         throw std::runtime_error("pipe failed");
     }
     close(fds[0]);
-    const int status = Shell(CommandLine(arguments) + " 2>/dev/null >&" + std::to_string(fds[1]));
+    const int status = RunIpappValidateRedirected(arguments, ">&" + std::to_string(fds[1]));
     close(fds[1]);
     return status;
+}
+
+int RunIpappValidateRedirected(const std::vector<std::string>& arguments,
+                               const std::string& redirections) {
+    return Shell(CommandLine(arguments) + " 2>/dev/null " + redirections);
 }

@@ -12,12 +12,17 @@ struct ToolRun {
     std::string err;
 };
 
-// environment: NAME=VALUE settings for the tool's process, separated by blanks.
+// before_command: shell words before the tool's command, NAME=VALUE settings
+// for its process separated by blanks, or a command and ';' ("ulimit -v N;").
 ToolRun RunIpappValidate(const std::vector<std::string>& arguments,
-                         const std::string& environment = "");
+                         const std::string& before_command = "");
 
 // The exit status of a run whose stdout is a pipe nobody reads.
 int RunIpappValidateIntoClosedPipe(const std::vector<std::string>& arguments);
+
+// The exit status of a run with the shell's redirections (">&-").
+int RunIpappValidateRedirected(const std::vector<std::string>& arguments,
+                               const std::string& redirections);
 
 std::string ReadFile(const std::string& path);
 

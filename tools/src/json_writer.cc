@@ -3,47 +3,12 @@
 #include <cmath>
 #include <cstdio>
 
+#include "utf8.h"
+
 namespace ipapp_validate {
 namespace {
 
 constexpr const char* kReplacementCharacter = "\xEF\xBF\xBD";
-
-// The length of the well-formed UTF-8 sequence that starts text[at], or 0
-// when none starts there (overlong forms, surrogates and values beyond
-// U+10FFFF included).
-size_t Utf8SequenceLength(std::string_view text, size_t at) {
-    const auto byte = [&](size_t i) { return static_cast<unsigned char>(text[i]); };
-    const unsigned char lead = byte(at);
-    size_t length = 0;
-    unsigned char low = 0x80;
-    unsigned char high = 0xBF;
-    if (lead >= 0xC2 && lead <= 0xDF) {
-        length = 2;
-    } else if (lead >= 0xE0 && lead <= 0xEF) {
-        length = 3;
-        low = lead == 0xE0 ? 0xA0 : 0x80;
-        high = lead == 0xED ? 0x9F : 0xBF;
-    } else if (lead >= 0xF0 && lead <= 0xF4) {
-        length = 4;
-        low = lead == 0xF0 ? 0x90 : 0x80;
-        high = lead == 0xF4 ? 0x8F : 0xBF;
-    } else {
-        return 0;
-    }
-    if (at + length > text.size()) {
-        return 0;
-    }
-    // Only the second byte has a narrower range; the rest are 0x80..0xBF.
-    if (byte(at + 1) < low || byte(at + 1) > high) {
-        return 0;
-    }
-    for (size_t i = 2; i < length; ++i) {
-        if (byte(at + i) < 0x80 || byte(at + i) > 0xBF) {
-            return 0;
-        }
-    }
-    return length;
-}
 
 void AppendEscapedAscii(std::string& out, char c) {
     switch (c) {

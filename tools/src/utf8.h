@@ -1,0 +1,17 @@
+// UTF-8 as the tool's output needs it: where a well-formed character starts.
+#ifndef IPAPP_VALIDATE_UTF8_H
+#define IPAPP_VALIDATE_UTF8_H
+
+#include <cstddef>
+#include <string_view>
+
+namespace ipapp_validate {
+
+// The length of the well-formed UTF-8 sequence that starts text[at], or 0
+// when none starts there (overlong forms, surrogates and values beyond
+// U+10FFFF included). ASCII bytes are sequences of length 1.
+size_t Utf8SequenceLength(std::string_view text, size_t at);
+
+}  // namespace ipapp_validate
+
+#endif
