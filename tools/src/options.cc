@@ -210,9 +210,9 @@ std::string HelpText() {
     text << "  -h  the same as --help\n"
             "\nFault reports (\"fault: \") and debug lines (\"debug: \") of the plug-in go to\n"
             "stderr or the --log file, never into the report on stdout.\n"
-            "\nExit status: 0 accepted, 1 refused, 2 bad usage or bad input, 3 the plug-in\n"
-            "crashed (an assertion, a signal, an exception out of validate or a call that\n"
-            "ran past --timeout).\n";
+            "\nExit status: 0 accepted, 1 refused, 2 bad usage, bad input or a failure of\n"
+            "the tool itself (out of memory), 3 the plug-in crashed (an assertion, a\n"
+            "signal, an exception out of validate or a call that ran past --timeout).\n";
     return text.str();
 }
 

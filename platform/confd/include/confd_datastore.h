@@ -8,9 +8,9 @@
  * points fire for the candidate, and builds the keypaths and new values a
  * validation callback receives.
  *
- * Every failure is a confdstore::Error whose text is one line naming the
- * file (or directory) and the problem, with libyang's message for data that
- * violates the model.
+ * Every failure is a confdstore::Error whose text names the file (or
+ * directory) and the problem, with libyang's message for data that violates
+ * the model; that message may quote the input, newlines included.
  */
 #ifndef CONFD_DATASTORE_H
 #define CONFD_DATASTORE_H
