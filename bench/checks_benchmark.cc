@@ -12,13 +12,21 @@
 //
 // Check: one call on a snapshot a commit's calls have already read, so the
 // time is that point's checks alone.
+//
+// MaapiElementRead and CursorStep: the platform's two reading primitives on
+// the 1x device's candidate, through the transaction the calls use: one
+// maapi_get_elem of an l3 interface's address (interfaces in turn), and one
+// maapi_get_next over the l3 list (the time of whole walks per step).
 #include <benchmark/benchmark.h>
+#include <confd_maapi.h>
 #include <velmw_log.h>
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "commit_checks.h"
+#include "device_generator.h"
 #include "generated_files.h"
 
 namespace {
@@ -62,10 +70,49 @@ void Check(benchmark::State& state, size_t scale, size_t call) {
     state.counters["refused"] = result != 0 ? 1 : 0;
 }
 
+constexpr const char* kL3List = "/config/interface/ipapp:l3";
+
+void MaapiElementRead(benchmark::State& state) {
+    ipapp_bench::CommitChecks& checks = ChecksOfScale(1);
+    std::vector<std::string> paths;
+    for (size_t l3 = 1; l3 <= ipapp_bench::ScaledDevice(1).l3; ++l3) {
+        paths.push_back(std::string(kL3List) + "{" + std::to_string(l3) + "}/ipv4/address/ip");
+    }
+    size_t next = 0;
+    for (auto _ : state) {
+        confd_value_t value;
+        if (maapi_get_elem(checks.maapi_socket(), checks.thandle(), &value, "%s",
+                           paths[next].c_str()) != CONFD_OK) {
+            state.SkipWithError("maapi_get_elem failed");
+            return;
+        }
+        confd_free_value(&value);
+        next = (next + 1) % paths.size();
+    }
+}
+
+void CursorStep(benchmark::State& state) {
+    ipapp_bench::CommitChecks& checks = ChecksOfScale(1);
+    size_t steps = 0;
+    for (auto _ : state) {
+        maapi_cursor cursor{};
+        maapi_init_cursor(checks.maapi_socket(), checks.thandle(), &cursor, "%s", kL3List);
+        for (maapi_get_next(&cursor); cursor.n != 0; maapi_get_next(&cursor)) {
+            ++steps;
+        }
+        maapi_destroy_cursor(&cursor);
+    }
+    state.counters["step"] = benchmark::Counter(
+        static_cast<double>(steps), benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+}
+
 // Per scale the commit, then each call; scales in turn, so each device is
 // loaded once. Every size fires the same calls.
 void RegisterAll() {
     const ipapp_bench::CommitChecks& calls = ChecksOfScale(kScales[0]);
+    benchmark::RegisterBenchmark("MaapiElementRead/1x", MaapiElementRead)
+        ->Unit(benchmark::kMicrosecond);
+    benchmark::RegisterBenchmark("CursorStep/1x", CursorStep)->Unit(benchmark::kMicrosecond);
     for (size_t scale : kScales) {
         const std::string size = "/" + std::to_string(scale) + "x";
         const int iterations = scale == 16 ? 2 : 5;

@@ -41,6 +41,10 @@ class CommitChecks {
     void ReadSnapshot();
     int Call(size_t call);
 
+    // The MAAPI socket and read transaction the calls are served with.
+    int maapi_socket() const { return transaction_->maapi_socket(); }
+    int thandle() { return transaction_->context().thandle; }
+
   private:
     void Init();
     void Finish();

@@ -31,8 +31,9 @@ class ScratchDirectory {
     std::string path_;
 };
 
-// What write(directory) made for key, made on the first request.
-template <typename Result, typename Write>
+// What write(directory) made for key, made on the first request; Family
+// keeps the keys of different kinds of file apart.
+template <typename Family, typename Result, typename Write>
 const Result& Generated(size_t key, Write write) {
     struct Files {
         ScratchDirectory directory;
@@ -47,20 +48,36 @@ const Result& Generated(size_t key, Write write) {
     return files->result;
 }
 
+// The device of shape, written under key of Family.
+template <typename Family>
+const GeneratedDevice& DeviceOfShape(size_t key, const DeviceShape& shape) {
+    return Generated<Family, GeneratedDevice>(key, [&shape](const std::string& directory) {
+        GeneratedDevice device;
+        device.file = directory + "/device.xml";
+        device.nodes = WriteDevice(device.file, shape);
+        return device;
+    });
+}
+
+struct ByUnits;
+struct ByScale;
+struct ByLoopbacks;
+
 }  // namespace
 
 const GeneratedPair& PairOf(size_t units) {
-    return Generated<GeneratedPair>(
+    return Generated<ByUnits, GeneratedPair>(
         units, [units](const std::string& directory) { return WriteConfigPair(directory, units); });
 }
 
 const GeneratedDevice& DeviceOfScale(size_t factor) {
-    return Generated<GeneratedDevice>(factor, [factor](const std::string& directory) {
-        GeneratedDevice device;
-        device.file = directory + "/device.xml";
-        device.nodes = WriteDevice(device.file, ScaledDevice(factor));
-        return device;
-    });
+    return DeviceOfShape<ByScale>(factor, ScaledDevice(factor));
+}
+
+const GeneratedDevice& DeviceWithLoopbacks(size_t loopbacks) {
+    DeviceShape shape = ScaledDevice(1);
+    shape.loopbacks = loopbacks;
+    return DeviceOfShape<ByLoopbacks>(loopbacks, shape);
 }
 
 }  // namespace ipapp_bench

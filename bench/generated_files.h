@@ -19,6 +19,8 @@ struct GeneratedDevice {
 const GeneratedPair& PairOf(size_t units);
 // WriteDevice of ScaledDevice(factor).
 const GeneratedDevice& DeviceOfScale(size_t factor);
+// WriteDevice of ScaledDevice(1) with loopbacks loopbacks instead of 8.
+const GeneratedDevice& DeviceWithLoopbacks(size_t loopbacks);
 
 }  // namespace ipapp_bench
 

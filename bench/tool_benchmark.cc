@@ -4,9 +4,11 @@
 // tool reports with --timing) is taken out: the manual time is the tool's own
 // work. Counters: the data nodes of each file, the tool's own time, the
 // plug-in's time, libyang's time and their ratio. Also the tool on one
-// device's configuration at growing sizes.
+// device's configuration at growing sizes against libyang on the same file,
+// and the plug-in's time as loopbacks grow.
 #include <benchmark/benchmark.h>
 #include <stdlib.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 
 #include <chrono>
@@ -22,6 +24,7 @@ using Clock = std::chrono::steady_clock;
 
 struct Timed {
     double seconds = 0;
+    double cpu_seconds = 0;  // user and system time of the command's processes
     int status = -1;
     std::string out;
 };
@@ -30,8 +33,19 @@ std::string Quoted(const std::string& text) {
     return "'" + text + "'";
 }
 
+// User and system time of the waited-for children of this process so far.
+double ChildrenCpuSeconds() {
+    rusage usage{};
+    getrusage(RUSAGE_CHILDREN, &usage);
+    const auto seconds = [](const timeval& time) {
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+    };
+    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+}
+
 Timed RunTimed(const std::string& command) {
     Timed timed;
+    const double cpu_start = ChildrenCpuSeconds();
     const Clock::time_point start = Clock::now();
     FILE* pipe = popen((command + " 2>/dev/null").c_str(), "r");
     if (pipe == nullptr) {
@@ -43,6 +57,7 @@ Timed RunTimed(const std::string& command) {
     }
     const int status = pclose(pipe);
     timed.seconds = std::chrono::duration<double>(Clock::now() - start).count();
+    timed.cpu_seconds = ChildrenCpuSeconds() - cpu_start;
     timed.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     return timed;
 }
@@ -90,33 +105,57 @@ void ToolAgainstLibyang(benchmark::State& state) {
     state.counters["ratio"] = own / baseline;
 }
 
+std::string ToolOnFile(const std::string& file) {
+    return Quoted(IPAPP_VALIDATE) + " --format json --timing --keep-going --no-debug " +
+           Quoted(file);
+}
+
 // The tool end to end on a device's whole configuration as its first commit
 // (no running configuration, so every point fires) at 1, 4 and 16 times the
-// device at its limits. --keep-going runs every point past the refusals of
-// the larger sizes (too many l3 interfaces, too many routes). The manual time
-// is the run's wall time. Counters: the file's nodes, the calls fired, the
-// plug-in's time.
+// device at its limits, and libyang's parse and validation of the same file
+// right after it. --keep-going runs every point past the refusals of the
+// larger sizes (too many l3 interfaces, too many routes). The manual time is
+// the run's wall time; one run per repetition, so the median of the
+// repetitions is the median run. Counters: the file's nodes, the calls
+// fired, the plug-in's time, libyang's time and the ratio of the run to it,
+// in wall time and in CPU time (user and system, steadier on a shared
+// machine).
 void ToolOnDevice(benchmark::State& state) {
     const ipapp_bench::GeneratedDevice& device =
         ipapp_bench::DeviceOfScale(static_cast<size_t>(state.range(0)));
-    const std::string tool = Quoted(IPAPP_VALIDATE) +
-                             " --format json --timing --keep-going --no-debug " +
-                             Quoted(device.file);
+    const std::string tool = ToolOnFile(device.file);
+    const std::string libyang =
+        Quoted(LY_PARSE_VALIDATE) + " " + Quoted(IPAPP_YANG_DIR) + " " + Quoted(device.file);
+    double whole = 0;
+    double whole_cpu = 0;
     double plugin = 0;
+    double baseline = 0;
+    double baseline_cpu = 0;
     double calls = 0;
     for (auto _ : state) {
         const Timed run = RunTimed(tool);
-        if (run.status > 1) {
-            state.SkipWithError("the tool failed");
+        const Timed reference = RunTimed(libyang);
+        if (run.status > 1 || reference.status != 0) {
+            state.SkipWithError("a run failed");
             return;
         }
         state.SetIterationTime(run.seconds);
+        whole += run.seconds;
+        whole_cpu += run.cpu_seconds;
         plugin += JsonNumber(run.out, "plugin_ms") / 1000;
+        baseline += reference.seconds;
+        baseline_cpu += reference.cpu_seconds;
         calls = JsonNumber(run.out, "fired");
     }
+    const double runs = static_cast<double>(state.iterations());
     state.counters["nodes"] = static_cast<double>(device.nodes);
     state.counters["calls"] = calls;
-    state.counters["plugin_ms"] = plugin / static_cast<double>(state.iterations()) * 1000;
+    state.counters["plugin_ms"] = plugin / runs * 1000;
+    state.counters["libyang_ms"] = baseline / runs * 1000;
+    state.counters["ratio"] = whole / baseline;
+    state.counters["cpu_ms"] = whole_cpu / runs * 1000;
+    state.counters["libyang_cpu_ms"] = baseline_cpu / runs * 1000;
+    state.counters["cpu_ratio"] = whole_cpu / baseline_cpu;
 }
 
 BENCHMARK(ToolOnDevice)
@@ -125,7 +164,40 @@ BENCHMARK(ToolOnDevice)
     ->Arg(16)
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond)
-    ->Iterations(3);
+    ->Iterations(1)
+    ->Repetitions(5)
+    ->ReportAggregatesOnly(true);
+
+// The 1x device with a growing number of loopbacks, the one interface kind
+// without a count limit, each with OSPFv2 on its address. The manual time is
+// the time spent inside the plug-in; cpu_ms is the whole run's CPU time.
+void LoopbacksInPlugin(benchmark::State& state) {
+    const ipapp_bench::GeneratedDevice& device =
+        ipapp_bench::DeviceWithLoopbacks(static_cast<size_t>(state.range(0)));
+    const std::string tool = ToolOnFile(device.file);
+    double cpu = 0;
+    for (auto _ : state) {
+        const Timed run = RunTimed(tool);
+        if (run.status > 1) {
+            state.SkipWithError("the tool failed");
+            return;
+        }
+        state.SetIterationTime(JsonNumber(run.out, "plugin_ms") / 1000);
+        cpu += run.cpu_seconds;
+    }
+    state.counters["nodes"] = static_cast<double>(device.nodes);
+    state.counters["cpu_ms"] = cpu / static_cast<double>(state.iterations()) * 1000;
+}
+
+BENCHMARK(LoopbacksInPlugin)
+    ->Arg(10000)
+    ->Arg(20000)
+    ->Arg(40000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(1)
+    ->Repetitions(3)
+    ->ReportAggregatesOnly(true);
 
 // Units of about 78 nodes: 50k, 250k and 500k nodes in each file.
 BENCHMARK(ToolAgainstLibyang)

@@ -23,6 +23,7 @@ class HostTransaction {
     // call.
     confd_trans_ctx& context() { return tctx_; }
     velconfd_t* host_state() { return host_state_; }
+    int maapi_socket() const { return maapi_sock_; }
 
   private:
     confdstore::Registration registration_;
