@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "ip_app_valid/generic_config.h"
@@ -24,6 +25,9 @@ class InterfaceConfig : public GenericConfig {
     void MergeConfigAndInsert(const Interface& intf);
 
     const std::vector<Interface>& interfaces() const { return interfaces_; }
+    // The record of that name, null when there is none; names are unique in
+    // the vector, as merging keeps one record per name.
+    const Interface* Find(const std::string& name) const;
     InterfaceType type() const { return type_; }
 
   protected:
@@ -41,6 +45,10 @@ class InterfaceConfig : public GenericConfig {
 
     std::vector<Interface> interfaces_;
     InterfaceType type_;
+
+  private:
+    // The position of each name's record in the vector.
+    std::unordered_map<std::string, size_t> positions_;
 };
 
 }  // namespace config_valid

@@ -5,8 +5,10 @@
 
 #include <cstdint>
 #include <list>
+#include <map>
 #include <memory>
 #include <string>
+#include <tuple>
 
 #include "ip_app_valid/generic_config.h"
 #include "ip_app_valid/ospf_if.h"
@@ -33,7 +35,11 @@ class Ospfv2Config : public GenericConfig {
     const OspfIfList& interfaces() const { return interfaces_; }
 
   private:
+    // The record of each (interface name, process, VRF).
+    using RecordKey = std::tuple<std::string, uint32_t, std::string>;
+
     OspfIfList interfaces_;
+    std::map<RecordKey, OspfIf*> records_;
     std::string intf_list_path_ = "/internal/ospf-interface-l3";
     std::string process_map_path_ = "/internal/ospf-index-to-proc-id";
 };

@@ -4,20 +4,24 @@ namespace ip_application {
 namespace config_valid {
 
 void InterfaceConfig::MergeConfigAndInsert(const Interface& intf) {
-    for (Interface& stored : interfaces_) {
-        if (stored.name != intf.name) {
-            continue;
-        }
-        // First read wins: only an empty list is filled, and filling the
-        // IPv4 list ends the merge.
-        if (stored.ipv4_addrs.empty() && !intf.ipv4_addrs.empty()) {
-            stored.ipv4_addrs = intf.ipv4_addrs;
-        } else if (stored.ipv6_addrs.empty() && !intf.ipv6_addrs.empty()) {
-            stored.ipv6_addrs = intf.ipv6_addrs;
-        }
+    const auto [position, is_new] = positions_.emplace(intf.name, interfaces_.size());
+    if (is_new) {
+        interfaces_.push_back(intf);
         return;
     }
-    interfaces_.push_back(intf);
+    // First read wins: only an empty list is filled, and filling the IPv4
+    // list ends the merge.
+    Interface& stored = interfaces_[position->second];
+    if (stored.ipv4_addrs.empty() && !intf.ipv4_addrs.empty()) {
+        stored.ipv4_addrs = intf.ipv4_addrs;
+    } else if (stored.ipv6_addrs.empty() && !intf.ipv6_addrs.empty()) {
+        stored.ipv6_addrs = intf.ipv6_addrs;
+    }
+}
+
+const Interface* InterfaceConfig::Find(const std::string& name) const {
+    const auto position = positions_.find(name);
+    return position == positions_.end() ? nullptr : &interfaces_[position->second];
 }
 
 void InterfaceConfig::ReadInterfaces(const std::string& list_path, const std::string& name_prefix,

@@ -8,16 +8,13 @@ namespace config_valid {
 void Ospfv2Config::MergeConfigAndInsert(OspfIf& intf) {
     // The area is not part of the match: a further address keeps the area of
     // the first entry.
-    for (const std::shared_ptr<OspfIf>& stored : interfaces_) {
-        if (stored->intf_name == intf.intf_name && stored->process_id == intf.process_id &&
-            stored->vrf_name == intf.vrf_name) {
-            if (!intf.addrs.empty()) {
-                stored->addrs.push_back(intf.addrs.front());
-            }
-            return;
-        }
+    OspfIf*& stored = records_[RecordKey(intf.intf_name, intf.process_id, intf.vrf_name)];
+    if (stored == nullptr) {
+        interfaces_.push_back(std::make_shared<OspfIf>(intf));
+        stored = interfaces_.back().get();
+    } else if (!intf.addrs.empty()) {
+        stored->addrs.push_back(intf.addrs.front());
     }
-    interfaces_.push_back(std::make_shared<OspfIf>(intf));
 }
 
 }  // namespace config_valid

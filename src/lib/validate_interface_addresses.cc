@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "invalid_interface_text.h"
+#include "prefix_overlaps.h"
 
 namespace ip_application {
 namespace config_valid {
@@ -70,25 +71,73 @@ bool SameIPv4AddressSpace(const std::string& first_vrf, const std::string& secon
            (SharesGlobalSpace(first_vrf) && SharesGlobalSpace(second_vrf));
 }
 
-// Applies overlap to each interface of own (first) with each interface of the
-// readers of the other kinds (second), readers in list order; true on the
-// first overlap.
-template <typename PairOverlap>
-bool OverlapWithOtherKinds(const InterfaceConfig& own, const std::vector<InterfaceConfig*>& all,
-                           PairOverlap overlap) {
+// Adds an interface's prefixes of one family to an index of overlaps.
+using AddPrefixes = void (PrefixOverlaps::*)(const Interface&, size_t group, size_t rank);
+
+// The position of the first interface that overlaps another one of the
+// vector; the pair tests of every interface before it pass.
+std::optional<size_t> FirstOverlapping(const std::vector<Interface>& interfaces, AddPrefixes add) {
+    PrefixOverlaps overlaps;
+    for (size_t position = 0; position < interfaces.size(); ++position) {
+        (overlaps.*add)(interfaces[position], position, position);
+    }
+    return overlaps.LowestRankInOverlap();
+}
+
+// Calls visit with each interface of the readers of the other kinds than
+// own's, readers in list order, and its rank in that walk.
+template <typename Visit>
+void ForEachOfOtherKinds(const InterfaceConfig& own, const std::vector<InterfaceConfig*>& all,
+                         Visit visit) {
+    size_t rank = 0;
     for (const InterfaceConfig* other : all) {
         if (other->type() == own.type()) {
             continue;
         }
         for (const Interface& other_intf : other->interfaces()) {
-            for (const Interface& own_intf : own.interfaces()) {
-                if (overlap(own_intf, other_intf)) {
-                    return true;
-                }
-            }
+            visit(other_intf, rank++);
         }
     }
-    return false;
+}
+
+// The rank, in the walk of ForEachOfOtherKinds, of the first interface of
+// another kind that overlaps an interface of own.
+std::optional<size_t> FirstOfOtherKindsOverlapping(const InterfaceConfig& own,
+                                                   const std::vector<InterfaceConfig*>& all,
+                                                   AddPrefixes add) {
+    constexpr size_t kOwnGroup = 0;
+    constexpr size_t kOtherGroup = 1;
+    PrefixOverlaps overlaps;
+    for (const Interface& own_intf : own.interfaces()) {
+        (overlaps.*add)(own_intf, kOwnGroup, PrefixOverlaps::kNoRank);
+    }
+    ForEachOfOtherKinds(own, all, [&](const Interface& other_intf, size_t rank) {
+        (overlaps.*add)(other_intf, kOtherGroup, rank);
+    });
+    return overlaps.LowestRankInOverlap();
+}
+
+// Applies overlap to each interface of own (first) with each interface of the
+// readers of the other kinds (second), readers in list order; true on the
+// first overlap. Only the first interface of the other kinds that overlaps
+// one of own can give an overlap: the pairs of those before it all pass.
+template <typename PairOverlap>
+bool OverlapWithOtherKinds(const InterfaceConfig& own, const std::vector<InterfaceConfig*>& all,
+                           AddPrefixes add, PairOverlap overlap) {
+    const std::optional<size_t> first_overlapping = FirstOfOtherKindsOverlapping(own, all, add);
+    bool overlaps = false;
+    ForEachOfOtherKinds(own, all, [&](const Interface& other_intf, size_t rank) {
+        if (overlaps || first_overlapping != rank) {
+            return;
+        }
+        for (const Interface& own_intf : own.interfaces()) {
+            if (overlap(own_intf, other_intf)) {
+                overlaps = true;
+                return;
+            }
+        }
+    });
+    return overlaps;
 }
 
 }  // namespace
@@ -100,6 +149,7 @@ struct ValidateConfig::FamilyChecks {
     bool (ValidateConfig::*matches_next_hop)(const Interface&, const StaticRouteConfig&);
     bool (ValidateConfig::*overlaps_other_kinds)(const InterfaceConfig&,
                                                  const std::vector<InterfaceConfig*>&);
+    AddPrefixes add_prefixes;
 };
 
 int32_t ValidateConfig::ValidateInterfaceIPv4(const Config& config, InterfaceType type) {
@@ -107,22 +157,26 @@ int32_t ValidateConfig::ValidateInterfaceIPv4(const Config& config, InterfaceTyp
                                         &ValidateConfig::InterfaceHasDuplicateIpv4,
                                         &ValidateConfig::InterfaceIPv4Overlap,
                                         &ValidateConfig::InterfaceIPv4MatchStaticRouteNextHop,
-                                        &ValidateConfig::InterfaceIPv4Overlap};
+                                        &ValidateConfig::InterfaceIPv4Overlap,
+                                        &PrefixOverlaps::AddIPv4};
     return ValidateInterfaces(config, type, kIPv4);
 }
 
 int32_t ValidateConfig::ValidateInterfaceIPv6(const Config& config, InterfaceType type) {
-    static constexpr FamilyChecks kIPv6{nullptr, &ValidateConfig::InterfaceHasDuplicateIpv6,
+    static constexpr FamilyChecks kIPv6{nullptr,
+                                        &ValidateConfig::InterfaceHasDuplicateIpv6,
                                         &ValidateConfig::InterfaceIPv6Overlap,
                                         &ValidateConfig::InterfaceIPv6MatchStaticRouteNextHop,
-                                        &ValidateConfig::InterfaceIPv6Overlap};
+                                        &ValidateConfig::InterfaceIPv6Overlap,
+                                        &PrefixOverlaps::AddIPv6};
     return ValidateInterfaces(config, type, kIPv6);
 }
 
 // Each interface of the kind in turn is checked completely (validity,
 // duplicates, overlap with every later interface of its kind, next hops)
 // before the next one; overlaps with the other kinds only when the whole kind
-// is clean.
+// is clean. Only the first interface that overlaps another of its kind can
+// fail the pair tests: those before it overlap none, and the run ends there.
 int32_t ValidateConfig::ValidateInterfaces(const Config& config, InterfaceType type,
                                            const FamilyChecks& family) {
     const InterfaceConfig* own = config.intf_by_type(type);
@@ -131,17 +185,22 @@ int32_t ValidateConfig::ValidateInterfaces(const Config& config, InterfaceType t
         return -1;
     }
     const std::vector<Interface>& interfaces = own->interfaces();
-    for (auto intf = interfaces.begin(); intf != interfaces.end(); ++intf) {
-        if ((family.is_valid != nullptr && !(this->*family.is_valid)(*intf)) ||
-            (this->*family.has_duplicate)(*intf)) {
+    const std::optional<size_t> first_overlapping =
+        FirstOverlapping(interfaces, family.add_prefixes);
+    for (size_t position = 0; position < interfaces.size(); ++position) {
+        const Interface& intf = interfaces[position];
+        if ((family.is_valid != nullptr && !(this->*family.is_valid)(intf)) ||
+            (this->*family.has_duplicate)(intf)) {
             return -1;
         }
-        for (auto later = std::next(intf); later != interfaces.end(); ++later) {
-            if ((this->*family.overlap)(*intf, *later)) {
-                return -1;
+        if (first_overlapping == position) {
+            for (size_t later = position + 1; later < interfaces.size(); ++later) {
+                if ((this->*family.overlap)(intf, interfaces[later])) {
+                    return -1;
+                }
             }
         }
-        if ((this->*family.matches_next_hop)(*intf, config.static_route_config)) {
+        if ((this->*family.matches_next_hop)(intf, config.static_route_config)) {
             return -1;
         }
     }
@@ -206,16 +265,18 @@ bool ValidateConfig::InterfaceIPv6Overlap(const Interface& first, const Interfac
 
 bool ValidateConfig::InterfaceIPv4Overlap(const InterfaceConfig& own,
                                           const std::vector<InterfaceConfig*>& all) {
-    return OverlapWithOtherKinds(own, all, [this](const Interface& first, const Interface& second) {
-        return InterfaceIPv4Overlap(first, second);
-    });
+    return OverlapWithOtherKinds(own, all, &PrefixOverlaps::AddIPv4,
+                                 [this](const Interface& first, const Interface& second) {
+                                     return InterfaceIPv4Overlap(first, second);
+                                 });
 }
 
 bool ValidateConfig::InterfaceIPv6Overlap(const InterfaceConfig& own,
                                           const std::vector<InterfaceConfig*>& all) {
-    return OverlapWithOtherKinds(own, all, [this](const Interface& first, const Interface& second) {
-        return InterfaceIPv6Overlap(first, second);
-    });
+    return OverlapWithOtherKinds(own, all, &PrefixOverlaps::AddIPv6,
+                                 [this](const Interface& first, const Interface& second) {
+                                     return InterfaceIPv6Overlap(first, second);
+                                 });
 }
 
 }  // namespace config_valid

@@ -21,20 +21,19 @@ std::string AssignmentText(const OspfIf& assignment) {
            std::to_string(assignment.area.to_uint32()) + " (" + assignment.area.to_string() + ")";
 }
 
-// Applies check to each assignment, in list order, with each interface of the
-// reader that bears the assignment's name, in vector order; the first failure
-// ends the walk.
+// Applies check to each assignment, in list order, with the interface of the
+// reader that bears the assignment's name (the reader holds one record per
+// name); the first failure ends the walk.
 template <typename Check>
 std::optional<std::string> FirstAssignmentFailure(const InterfaceConfig& reader,
                                                   const Ospfv2Config& ospf, Check check) {
     for (const std::shared_ptr<OspfIf>& assignment : ospf.interfaces()) {
-        for (const Interface& intf : reader.interfaces()) {
-            if (intf.name != assignment->intf_name) {
-                continue;
-            }
-            if (std::optional<std::string> failure = check(*assignment, intf)) {
-                return failure;
-            }
+        const Interface* intf = reader.Find(assignment->intf_name);
+        if (intf == nullptr) {
+            continue;
+        }
+        if (std::optional<std::string> failure = check(*assignment, *intf)) {
+            return failure;
         }
     }
     return std::nullopt;

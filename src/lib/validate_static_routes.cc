@@ -17,26 +17,30 @@ namespace {
 constexpr uint32_t kMaxStaticRouteUnits = 1000;
 constexpr uint32_t kIPv6RouteUnits = 2;
 
-// The first route of the VRF of the interface whose next hop equals one of
-// the interface's host addresses; a next hop that merely lies in the
-// interface's subnet is fine.
-template <typename Mask>
+// The first route of the VRF of the interface, in list order, whose next
+// hop equals one of the interface's host addresses (the first such address
+// in list order); a next hop that merely lies in the interface's subnet is
+// fine. first_via finds a VRF's first route through an address.
+template <typename Mask, typename FirstVia>
 std::optional<std::string> NextHopFailure(const Interface& intf, const std::list<Mask>& addrs,
-                                          const StaticRouteList& routes, const char* family_text) {
-    for (const std::shared_ptr<StaticRoute>& route : routes) {
-        if (route->vrf_name() != intf.vrf_name) {
-            continue;
-        }
-        for (const Mask& addr : addrs) {
-            if (route->next_hop() == addr.addr()) {
-                std::ostringstream text;
-                text << intf.name << family_text << addr << " and static route " << route->network()
-                     << " next-hop " << route->next_hop() << " cannot have address conflict.";
-                return text.str();
-            }
+                                          FirstVia first_via, const char* family_text) {
+    std::optional<StaticRouteConfig::RouteAt> first;
+    const Mask* matched = nullptr;
+    for (const Mask& addr : addrs) {
+        const std::optional<StaticRouteConfig::RouteAt> route =
+            first_via(intf.vrf_name, addr.addr());
+        if (route && (!first || route->position < first->position)) {
+            first = route;
+            matched = &addr;
         }
     }
-    return std::nullopt;
+    if (!first) {
+        return std::nullopt;
+    }
+    std::ostringstream text;
+    text << intf.name << family_text << *matched << " and static route " << first->route->network()
+         << " next-hop " << first->route->next_hop() << " cannot have address conflict.";
+    return text.str();
 }
 
 // True when failed is true for an interface, readers in list order.
@@ -89,21 +93,30 @@ int32_t ValidateConfig::ValidateStaticRouteLimit(const Config& config) {
 int32_t ValidateConfig::ValidateStaticRouteOutputIntf(const Config& config) {
     const StaticRouteConfig& routes = config.static_route_config;
     const bool in_use = AnyInterfaceFails(config, [&](const Interface& intf) {
+        // Only an interface that a route leaves through can fail.
         return IsZeroLimId(intf.lim_id) &&
-               (InterfaceMatchStaticRouteOutputIntf(intf, routes.ipv4_routes()) != 0 ||
-                InterfaceMatchStaticRouteOutputIntf(intf, routes.ipv6_routes()) != 0);
+               ((routes.IPv4RouteLeavesThrough(intf.name) &&
+                 InterfaceMatchStaticRouteOutputIntf(intf, routes.ipv4_routes()) != 0) ||
+                (routes.IPv6RouteLeavesThrough(intf.name) &&
+                 InterfaceMatchStaticRouteOutputIntf(intf, routes.ipv6_routes()) != 0));
     });
     return in_use ? -1 : 0;
 }
 
 bool ValidateConfig::InterfaceIPv4MatchStaticRouteNextHop(const Interface& intf,
                                                           const StaticRouteConfig& routes) {
-    return Fails(NextHopFailure(intf, intf.ipv4_addrs, routes.ipv4_routes(), " ipv4 address "));
+    const auto first_via = [&routes](const std::string& vrf_name, const nettypes::IPv4Addr& addr) {
+        return routes.FirstIPv4Via(vrf_name, addr);
+    };
+    return Fails(NextHopFailure(intf, intf.ipv4_addrs, first_via, " ipv4 address "));
 }
 
 bool ValidateConfig::InterfaceIPv6MatchStaticRouteNextHop(const Interface& intf,
                                                           const StaticRouteConfig& routes) {
-    return Fails(NextHopFailure(intf, intf.ipv6_addrs, routes.ipv6_routes(), " ipv6 address "));
+    const auto first_via = [&routes](const std::string& vrf_name, const nettypes::IPv6Addr& addr) {
+        return routes.FirstIPv6Via(vrf_name, addr);
+    };
+    return Fails(NextHopFailure(intf, intf.ipv6_addrs, first_via, " ipv6 address "));
 }
 
 int32_t ValidateConfig::InterfaceMatchStaticRouteOutputIntf(const Interface& intf,
