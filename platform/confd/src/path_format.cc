@@ -50,9 +50,12 @@ class Expander {
 bool Expander::run(const char* fmt, std::string& error) {
     for (const char* p = fmt; *p != '\0';) {
         if (*p != '%') {
-            if (!append_text(std::string_view(p++, 1), error)) {
+            // The template's text up to the next directive, in one piece.
+            const size_t length = std::strcspn(p, "%");
+            if (!append_text(std::string_view(p, length), error)) {
                 return false;
             }
+            p += length;
             continue;
         }
         ++p;
@@ -227,7 +230,17 @@ bool Expander::print_conversion(const Conversion& c, std::string& error) {
         error = text == nullptr ? "null string argument in path" : "bad string argument in path";
         return false;
     }
-    return print(c, text, error);
+    if (c.directive != "%s") {
+        return print(c, text, error);
+    }
+    // A plain "%s", the usual way of passing a whole path, is the string as
+    // it is: no need for printf.
+    const std::string_view whole(text);
+    if (whole.size() > kMaxPathLength) {
+        error = "path too long";
+        return false;
+    }
+    return append_text(whole, error);
 }
 
 bool Expander::append_value(const confd_value_t* value, std::string& error) {

@@ -1,5 +1,6 @@
 #include "path_syntax.h"
 
+#include <algorithm>
 #include <charconv>
 
 #include "path_format.h"
@@ -12,6 +13,9 @@ namespace {
 bool is_blank(char c) {
     return c == ' ' || c == '\t';
 }
+
+// What ends a run of a key's plain characters.
+constexpr char kKeyPartEnds[] = {' ', '\t', '}', '{', '"', kValueOpen, '\0'};
 
 class PathParser {
   public:
@@ -153,7 +157,11 @@ bool PathParser::parse_key(KeyToken& key, std::string& error) {
                 return false;
             }
         } else {
-            key.text += text_[pos_++];
+            // The key's plain characters up to a marker, a blank, a brace or
+            // a quote, in one piece.
+            const size_t end = std::min(text_.find_first_of(kKeyPartEnds, pos_), text_.size());
+            key.text.append(text_.substr(pos_, end - pos_));
+            pos_ = end;
         }
         ++parts;
     }
@@ -198,10 +206,6 @@ bool PathParser::parse_marker(std::string& text, const confd_value_t** value, st
 }
 
 }  // namespace
-
-bool is_control_character(char c) {
-    return (static_cast<unsigned char>(c) < 0x20 && c != '\t') || c == '\x7f';
-}
 
 bool check_path_characters(std::string_view text, std::string& error, size_t offset) {
     for (size_t at = 0; at < text.size(); ++at) {

@@ -32,7 +32,9 @@ struct PathStep {
 
 // A character below U+0020 other than the tab (which separates keys), or
 // DEL: no path's text may hold one, in a node name or a key.
-bool is_control_character(char c);
+inline bool is_control_character(char c) {
+    return (static_cast<unsigned char>(c) < 0x20 && c != '\t') || c == '\x7f';
+}
 
 // Refuses ("control character in path at offset N", the offset counted from
 // `offset`, where text stands in the path) text holding a control character.
