@@ -70,10 +70,11 @@ bool Expander::run(const char* fmt, std::string& error) {
     return true;
 }
 
-// Text of the template or printed by a conversion; markers only come from
-// values and keypaths.
+// Text of the template or printed by a conversion. Markers only come from
+// values and keypaths; other control characters are key text, since data may
+// hold keys with them and the plug-in puts keys it read into paths with %s.
 bool Expander::append_text(std::string_view text, std::string& error) {
-    if (!check_path_characters(text, error, out_.text.size())) {
+    if (!check_path_characters(text, Forbidden::markers, error, out_.text.size())) {
         return false;
     }
     out_.text += text;

@@ -207,9 +207,13 @@ bool PathParser::parse_marker(std::string& text, const confd_value_t** value, st
 
 }  // namespace
 
-bool check_path_characters(std::string_view text, std::string& error, size_t offset) {
+bool check_path_characters(std::string_view text, Forbidden forbidden, std::string& error,
+                           size_t offset) {
     for (size_t at = 0; at < text.size(); ++at) {
-        if (is_control_character(text[at])) {
+        const auto c = static_cast<unsigned char>(text[at]);
+        const bool bad = forbidden == Forbidden::markers ? c >= kValueOpen && c <= kTagClose
+                                                         : (c < 0x20 && c != '\t') || c == 0x7f;
+        if (bad) {
             error = "control character in path at offset " + std::to_string(offset + at);
             return false;
         }
@@ -218,7 +222,8 @@ bool check_path_characters(std::string_view text, std::string& error, size_t off
 }
 
 bool parse_path_text(std::string_view text, std::vector<PathStep>& steps, std::string& error) {
-    return check_path_characters(text, error) && parse_path(text, {}, steps, error);
+    return check_path_characters(text, Forbidden::control_characters, error) &&
+           parse_path(text, {}, steps, error);
 }
 
 bool parse_path(std::string_view text, const std::vector<confd_value_t>& values,

@@ -30,20 +30,20 @@ struct PathStep {
     std::vector<KeyToken> keys;
 };
 
-// A character below U+0020 other than the tab (which separates keys), or
-// DEL: no path's text may hold one, in a node name or a key.
-inline bool is_control_character(char c) {
-    return (static_cast<unsigned char>(c) < 0x20 && c != '\t') || c == '\x7f';
-}
+// The characters a path's text may not hold: the marker bytes of expanded
+// templates (path_format.h), or every control character (below U+0020 but
+// the tab, which separates keys, and DEL).
+enum class Forbidden { markers, control_characters };
 
 // Refuses ("control character in path at offset N", the offset counted from
-// `offset`, where text stands in the path) text holding a control character.
-// Every path's text passes this check: a template's characters and what its
-// conversions print as well as a path given as text.
-bool check_path_characters(std::string_view text, std::string& error, size_t offset = 0);
+// `offset`, where text stands in the path) text holding a forbidden
+// character.
+bool check_path_characters(std::string_view text, Forbidden forbidden, std::string& error,
+                           size_t offset = 0);
 
-// A path given as text, without template arguments: checked for control
-// characters, then split as parse_path does.
+// A path given as text, without template arguments (Datastore::keypath, the
+// model's paths): refused if it holds a control character, else split as
+// parse_path does.
 bool parse_path_text(std::string_view text, std::vector<PathStep>& steps, std::string& error);
 
 // Splits an expanded path into steps; false with a message when malformed.
