@@ -4,6 +4,7 @@
 // where log lines go.
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <sstream>
 
 #include "ipapp_test_support/scratch_directory.h"
@@ -188,6 +189,19 @@ TEST(Tool, ClosedStdoutKeepsTheVerdict) {
     const std::string logged = ReadFile(log);
     EXPECT_NE(logged.find("debug: a debug line from p\n"), std::string::npos) << logged;
     EXPECT_EQ(logged.find("validation calls"), std::string::npos) << logged;
+}
+
+// A key may hold a newline; the text report's rows stay one line each.
+TEST(Tool, TextReportRowsAreOneLineEach) {
+    const ipapp_test::ScratchDirectory directory;
+    const std::string candidate = (directory.path() / "candidate.xml").string();
+    std::ofstream(candidate) << R"(<config xmlns="urn:ipapp:yang:device-config"><interface>)"
+                                R"(<l3 xmlns="urn:ipapp:yang:ipapp"><name>a&#10;b</name></l3>)"
+                                R"(</interface></config>)";
+    const ToolRun run = RunIpappValidate({"--all", "--keep-going", "--no-debug", candidate});
+    EXPECT_NE(run.out.find("  /config/interface/l3{a\\nb}/ipv6/nd/ra\n"), std::string::npos)
+        << run.out;
+    EXPECT_EQ(run.out.find("\nb}"), std::string::npos) << run.out;
 }
 
 TEST(Tool, HelpPointListsAndTiming) {

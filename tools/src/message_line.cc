@@ -7,7 +7,7 @@
 namespace ipapp_validate {
 namespace {
 
-std::string Escaped(unsigned char byte) {
+std::string EscapedByte(unsigned char byte) {
     switch (byte) {
         case '\n':
             return "\\n";
@@ -33,9 +33,8 @@ bool NeedsEscape(std::string_view character) {
            (first == 0xC2 && static_cast<unsigned char>(character[1]) < 0xA0);
 }
 
-}  // namespace
-
-std::string MessageLine(std::string_view text) {
+// At most max_bytes of escaped text, and "..." when more was left.
+std::string Escaped(std::string_view text, size_t max_bytes) {
     std::string line;
     for (size_t at = 0; at < text.size();) {
         const size_t length = Utf8SequenceLength(text, at);
@@ -43,18 +42,28 @@ std::string MessageLine(std::string_view text) {
         std::string piece;
         if (length == 0 || NeedsEscape(character)) {
             for (char byte : character) {
-                piece += Escaped(static_cast<unsigned char>(byte));
+                piece += EscapedByte(static_cast<unsigned char>(byte));
             }
         } else {
             piece = character;
         }
-        if (line.size() + piece.size() > kMaxMessageLineBytes) {
+        if (line.size() + piece.size() > max_bytes) {
             return line + "...";
         }
         line += piece;
         at += character.size();
     }
     return line;
+}
+
+}  // namespace
+
+std::string Printable(std::string_view text) {
+    return Escaped(text, std::string::npos);
+}
+
+std::string MessageLine(std::string_view text) {
+    return Escaped(text, kMaxMessageLineBytes);
 }
 
 }  // namespace ipapp_validate

@@ -2,6 +2,7 @@
 #include <cstdio>
 #include <string>
 
+#include "message_line.h"
 #include "report.h"
 
 namespace ipapp_validate {
@@ -25,13 +26,16 @@ void WriteIndented(const std::string& text, std::ostream& out) {
     out << indent << text.substr(start) << '\n';
 }
 
+// The point and keypath come from the model and the data; a row stays one
+// line whatever they hold.
 std::string Label(const CallReport& call) {
-    return call.stage == Stage::validate ? call.point : StageName(call.stage);
+    return call.stage == Stage::validate ? Printable(call.point) : StageName(call.stage);
 }
 
 void WriteCall(const CallReport& call, size_t label_width, std::ostream& out) {
     out << Padded(VerdictName(call.verdict), kVerdictWidth);
-    out << (call.keypath.empty() ? Label(call) : Padded(Label(call), label_width) + call.keypath)
+    out << (call.keypath.empty() ? Label(call)
+                                 : Padded(Label(call), label_width) + Printable(call.keypath))
         << '\n';
     if (call.crash) {
         WriteIndented("plug-in crashed: " + call.crash->cause, out);
