@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Installs the Debian packages the project builds with. Does nothing when
-# they are all present already.
+# Installs the Debian packages the project builds and tests with (clang and
+# its sanitizer and libFuzzer runtimes for the fuzz build, valgrind for the
+# memcheck tests). Does nothing when they are all present already.
 set -euo pipefail
 
 packages=(
@@ -10,6 +11,8 @@ packages=(
     googletest libgtest-dev libgmock-dev libbenchmark-dev
     clang-format
     netconfd libyuma-dev libxml2-dev python3-ncclient openssh-server
+    clang libclang-rt-14-dev
+    valgrind
 )
 
 missing=()

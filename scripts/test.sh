@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
-# Runs every test: installs what is missing, builds, runs the tests, then
-# builds and runs them once more under AddressSanitizer and
-# UndefinedBehaviorSanitizer.
+# Runs every test: installs what is missing, builds, runs the tests (the
+# memcheck ones under valgrind included), then builds and runs them once more
+# under AddressSanitizer and UndefinedBehaviorSanitizer; last, a short run of
+# every fuzz target and the fuzz build's regression inputs. FUZZ_SECONDS sets
+# the time per fuzz target (default 20).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 ./scripts/install-deps.sh
@@ -11,3 +13,6 @@ ctest --test-dir build --output-on-failure -j "$(nproc)"
 
 ./scripts/build.sh build-sanitize -DIPAPP_SANITIZE=ON -DIPAPP_BUILD_BENCH=OFF -DCMAKE_BUILD_TYPE=Debug
 ctest --test-dir build-sanitize --output-on-failure -j "$(nproc)"
+
+./scripts/fuzz.sh "${FUZZ_SECONDS:-20}"
+ctest --test-dir build-fuzz --output-on-failure -j "$(nproc)"
