@@ -10,9 +10,6 @@
 namespace ipapp_bench {
 namespace {
 
-// Interfaces and routes are numbered with two address bytes.
-constexpr size_t kPlanSize = 65536;
-
 // The VRF number of l3 interface i; 0 is the global VRF.
 size_t VrfOf(size_t i) {
     return i % 4 == 3 ? i % kVrfs + 1 : 0;
@@ -26,9 +23,19 @@ std::string L3Name(size_t i) {
     return std::to_string(i + 1);
 }
 
+// The primary or secondary IPv4 address of l3 interface i, without prefix.
+std::string L3Ipv4(size_t i, bool secondary) {
+    const size_t high = i / 65536;
+    const size_t first = (high == 0 ? 10 : 28 + 2 * high) + (secondary ? 1 : 0);
+    return std::to_string(first) + Format(".%zu.%zu.1", i / 256 % 256, i % 256);
+}
+
+std::string L3Ipv6(size_t i) {
+    return i < 65536 ? Format("2001:db8:%zx::1/64", i)
+                     : Format("2001:dba:%zx:%zx::1/64", i / 65536, i % 65536);
+}
+
 void L3Interface(XmlWriter& xml, size_t i) {
-    const size_t a = i / 256;
-    const size_t b = i % 256;
     xml.Open("l3", kIpappNs);
     xml.Leaf("name", L3Name(i));
     if (VrfOf(i) != 0) {
@@ -36,11 +43,11 @@ void L3Interface(XmlWriter& xml, size_t i) {
     }
     xml.Open("ipv4");
     xml.Open("address");
-    xml.Leaf("ip", Format("10.%zu.%zu.1/24", a, b));
-    Nested(xml, {"secondary"}, "ip", Format("11.%zu.%zu.1/24", a, b));
+    xml.Leaf("ip", L3Ipv4(i, false) + "/24");
+    Nested(xml, {"secondary"}, "ip", L3Ipv4(i, true) + "/24");
     xml.Close();
     xml.Close();
-    Nested(xml, {"ipv6", "address"}, "ip", Format("2001:db8:%zx::1/64", i));
+    Nested(xml, {"ipv6", "address"}, "ip", L3Ipv6(i));
     xml.Open("lower-layer-if");
     xml.Leaf("vlan", std::to_string(i % 4094 + 1));
     xml.Close();
@@ -143,8 +150,8 @@ void OspfRow(XmlWriter& xml, size_t vrf, size_t area, const std::string& interfa
 
 void Ospfv2(XmlWriter& xml, const DeviceShape& shape) {
     for (size_t i = 0; i < shape.l3; ++i) {
-        for (const char* address : {"10.%zu.%zu.1", "11.%zu.%zu.1"}) {
-            OspfRow(xml, VrfOf(i), i % 4, "l3-" + L3Name(i), Format(address, i / 256, i % 256), 24);
+        for (const bool secondary : {false, true}) {
+            OspfRow(xml, VrfOf(i), i % 4, "l3-" + L3Name(i), L3Ipv4(i, secondary), 24);
         }
     }
     for (size_t i = 0; i < shape.loopbacks; ++i) {
@@ -186,9 +193,12 @@ DeviceShape ScaledDevice(size_t factor) {
 }
 
 size_t WriteDevice(const std::string& path, const DeviceShape& shape) {
-    for (size_t count : {shape.l3, shape.loopbacks, shape.ipv4_routes, shape.ipv6_routes}) {
-        if (count > kPlanSize) {
-            throw std::runtime_error("at most " + std::to_string(kPlanSize) +
+    if (shape.l3 > kMostL3) {
+        throw std::runtime_error("at most " + std::to_string(kMostL3) + " l3 interfaces");
+    }
+    for (size_t count : {shape.loopbacks, shape.ipv4_routes, shape.ipv6_routes}) {
+        if (count > kMostOfAKind) {
+            throw std::runtime_error("at most " + std::to_string(kMostOfAKind) +
                                      " interfaces or routes of one kind");
         }
     }

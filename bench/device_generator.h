@@ -2,10 +2,13 @@
 // between its parts: every check of the plug-in walks all of it, and only
 // the device's limits (256 l3 interfaces, 1000 route units) can refuse it.
 //
-// Address plan (i counts from 0, a = i / 256, b = i % 256):
+// Address plan (i counts from 0, a = i / 256 % 256, b = i % 256):
 // - l3 interface i is "l3 i+1": 10.a.b.1/24, secondary 11.a.b.1/24,
 //   2001:db8:i::1/64 (i in hex), VLAN i % 4094 + 1; every fourth (i % 4 == 3)
-//   is in VRF "vrf<i % 16 + 1>", the others in the global VRF.
+//   is in VRF "vrf<i % 16 + 1>", the others in the global VRF. Past the
+//   first 65536 (h = i / 65536 from 1 to 15) the IPv4 addresses are
+//   (28 + 2h).a.b.1/24 and (29 + 2h).a.b.1/24, the IPv6 address
+//   2001:dba:h:(i % 65536)::1/64 (in hex).
 // - loopback i: 172.16.a.b/32 and 2001:db8:ffff::i/128, global VRF.
 // - mgmt 0: VRF "mgmt", 198.51.100.10/24 and 2001:db8:fffe::10/64.
 // - IPv4 route r: 20.a.b.0/24 (a, b of r) in the VRF of interface
@@ -37,9 +40,13 @@ struct DeviceShape {
 // OSPFv2 on every interface.
 DeviceShape ScaledDevice(size_t factor);
 
+// What the address plan holds: l3 interfaces, and of each other kind.
+constexpr size_t kMostL3 = 16 * 65536;
+constexpr size_t kMostOfAKind = 65536;
+
 // Writes the configuration to path and returns its number of data nodes.
 // Throws std::runtime_error when the shape has more interfaces or routes than
-// the address plan holds (65536 of each kind) or the file cannot be written.
+// the address plan holds or the file cannot be written.
 size_t WriteDevice(const std::string& path, const DeviceShape& shape);
 
 }  // namespace ipapp_bench

@@ -6,12 +6,13 @@
 namespace ipapp_bench {
 namespace {
 
-// A whole decimal number, at most 65536 (the address plan's size).
-size_t Count(const std::string& option, const std::string& text) {
-    const bool digits = !text.empty() && text.size() <= 5 &&
+// A whole decimal number, at most most (what the address plan holds).
+size_t Count(const std::string& option, const std::string& text, size_t most) {
+    const bool digits = !text.empty() && text.size() <= 7 &&
                         text.find_first_not_of("0123456789") == std::string::npos;
-    if (!digits || std::stoul(text) > 65536) {
-        throw std::invalid_argument(option + " takes a number from 0 to 65536, not '" + text + "'");
+    if (!digits || std::stoul(text) > most) {
+        throw std::invalid_argument(option + " takes a number from 0 to " + std::to_string(most) +
+                                    ", not '" + text + "'");
     }
     return std::stoul(text);
 }
@@ -39,9 +40,10 @@ void Apply(DeviceRequest& request, const std::string& option, const std::string&
     if (option == "--device") {
         request.file = value;
     } else if (option == "--scale") {
-        request.shape = ScaledDevice(Count(option, value));
+        request.shape = ScaledDevice(Count(option, value, kMostOfAKind));
     } else if (kCounts.count(option) != 0) {
-        request.shape.*kCounts.at(option) = Count(option, value);
+        request.shape.*kCounts.at(option) =
+            Count(option, value, option == "--l3" ? kMostL3 : kMostOfAKind);
     } else if (kSwitches.count(option) != 0) {
         request.shape.*kSwitches.at(option) = Switch(option, value);
     } else {
