@@ -40,7 +40,11 @@ CommitChecks::CommitChecks(const std::string& yang_dir, const std::string& candi
                                     return !IsAddressOrRoutePoint(point.name);
                                 }),
                  points.end());
-    plan_ = ipapp_validate::PlanChangedCalls(points, datastore_);
+    // Made up front, so that a timed call is the plug-in's work alone.
+    const ipapp_validate::CallPlan plan = ipapp_validate::PlanChangedCalls(points, datastore_);
+    for (size_t call = 0; call < plan.size(); ++call) {
+        plan_.push_back(plan.Make(call));
+    }
 }
 
 CommitChecks::~CommitChecks() {
@@ -48,8 +52,8 @@ CommitChecks::~CommitChecks() {
 }
 
 std::string CommitChecks::call_name(size_t call) const {
-    return plan_[call].point + "@" +
-           plan_[call].keypath_text.substr(plan_[call].keypath_text.find_last_of('/') + 1);
+    const std::string keypath = plan_[call].keypath.text();
+    return plan_[call].point + "@" + keypath.substr(keypath.find_last_of('/') + 1);
 }
 
 void CommitChecks::Init() {

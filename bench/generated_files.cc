@@ -62,6 +62,7 @@ const GeneratedDevice& DeviceOfShape(size_t key, const DeviceShape& shape) {
 struct ByUnits;
 struct ByScale;
 struct ByLoopbacks;
+struct ByL3;
 
 }  // namespace
 
@@ -78,6 +79,12 @@ const GeneratedDevice& DeviceWithLoopbacks(size_t loopbacks) {
     DeviceShape shape = ScaledDevice(1);
     shape.loopbacks = loopbacks;
     return DeviceOfShape<ByLoopbacks>(loopbacks, shape);
+}
+
+const GeneratedDevice& DeviceOfL3(size_t l3) {
+    DeviceShape shape;
+    shape.l3 = l3;
+    return DeviceOfShape<ByL3>(l3, shape);
 }
 
 }  // namespace ipapp_bench

@@ -21,6 +21,8 @@ const GeneratedPair& PairOf(size_t units);
 const GeneratedDevice& DeviceOfScale(size_t factor);
 // WriteDevice of ScaledDevice(1) with loopbacks loopbacks instead of 8.
 const GeneratedDevice& DeviceWithLoopbacks(size_t loopbacks);
+// WriteDevice of l3 interfaces and nothing else.
+const GeneratedDevice& DeviceOfL3(size_t l3);
 
 }  // namespace ipapp_bench
 

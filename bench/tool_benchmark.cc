@@ -5,16 +5,19 @@
 // work. Counters: the data nodes of each file, the tool's own time, the
 // plug-in's time, libyang's time and their ratio. Also the tool on one
 // device's configuration at growing sizes against libyang on the same file,
-// and the plug-in's time as loopbacks grow.
+// the plug-in's time as loopbacks grow, and the memory a planned call costs.
 #include <benchmark/benchmark.h>
+#include <fcntl.h>
 #include <stdlib.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <cstdio>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "generated_files.h"
 
@@ -198,6 +201,81 @@ BENCHMARK(LoopbacksInPlugin)
     ->Iterations(1)
     ->Repetitions(3)
     ->ReportAggregatesOnly(true);
+
+#ifdef TOOL_TEST_PLUGIN
+struct Peak {
+    long bytes = 0;  // the larger resident size of the tool and its child
+    std::string out;
+};
+
+// Runs the command without a shell; wait4 reports the peak of the process
+// and of the children it waited for.
+Peak PeakOf(const std::vector<std::string>& command) {
+    int out[2];
+    if (pipe(out) != 0) {
+        throw std::runtime_error("cannot create a pipe");
+    }
+    const pid_t pid = fork();
+    if (pid == 0) {
+        dup2(out[1], STDOUT_FILENO);
+        const int null = open("/dev/null", O_WRONLY);
+        dup2(null, STDERR_FILENO);
+        std::vector<char*> argv;
+        for (const std::string& argument : command) {
+            argv.push_back(const_cast<char*>(argument.c_str()));
+        }
+        argv.push_back(nullptr);
+        execv(argv[0], argv.data());
+        _exit(127);
+    }
+    close(out[1]);
+    Peak peak;
+    char buffer[4096];
+    for (ssize_t n; (n = read(out[0], buffer, sizeof buffer)) > 0;) {
+        peak.out.append(buffer, static_cast<size_t>(n));
+    }
+    close(out[0]);
+    int status = 0;
+    rusage usage{};
+    if (pid < 0 || wait4(pid, &status, 0, &usage) != pid || !WIFEXITED(status) ||
+        WEXITSTATUS(status) != 0) {
+        throw std::runtime_error("the run failed: " + command.back());
+    }
+    peak.bytes = usage.ru_maxrss * 1024L;
+    return peak;
+}
+
+// The memory a planned call costs: the tool on a first commit of N l3
+// interfaces and nothing else, with --keep-going and the test plug-in (which
+// accepts every call at once, so the run holds the tool's data and little
+// of the plug-in's), against one explicit call on the same file. Counters:
+// the calls, each run's peak resident size (the larger of the tool and its
+// child) and the difference per planned call. The time is not the figure.
+void PlannedCallMemory(benchmark::State& state) {
+    const ipapp_bench::GeneratedDevice& device =
+        ipapp_bench::DeviceOfL3(static_cast<size_t>(state.range(0)));
+    const std::vector<std::string> every_call = {IPAPP_VALIDATE, "--plugin",   TOOL_TEST_PLUGIN,
+                                                 "--keep-going", "--no-debug", "--format",
+                                                 "json",         device.file};
+    const std::vector<std::string> one_call = {
+        IPAPP_VALIDATE, "--plugin", TOOL_TEST_PLUGIN, "--call", "p=/config/interface/l3{1}",
+        device.file};
+    Peak every;
+    Peak one;
+    for (auto _ : state) {
+        every = PeakOf(every_call);
+        one = PeakOf(one_call);
+    }
+    const double calls = JsonNumber(every.out, "fired");
+    state.counters["nodes"] = static_cast<double>(device.nodes);
+    state.counters["calls"] = calls;
+    state.counters["every_call_MB"] = static_cast<double>(every.bytes) / 1e6;
+    state.counters["one_call_MB"] = static_cast<double>(one.bytes) / 1e6;
+    state.counters["bytes_per_call"] = static_cast<double>(every.bytes - one.bytes) / calls;
+}
+
+BENCHMARK(PlannedCallMemory)->Arg(10000)->Arg(100000)->Unit(benchmark::kSecond)->Iterations(1);
+#endif
 
 // Units of about 78 nodes: 50k, 250k and 500k nodes in each file.
 BENCHMARK(ToolAgainstLibyang)

@@ -53,7 +53,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         return 0;
     }
     const auto& points = ipapp_fuzz::BundledPoints();
-    ipapp_validate::PlanChangedCalls(points, datastore);
-    ipapp_validate::PlanAllCalls(points, datastore);
+    // Every call's keypath and new value made, as the run makes them.
+    for (const ipapp_validate::CallPlan& plan :
+         {ipapp_validate::PlanChangedCalls(points, datastore),
+          ipapp_validate::PlanAllCalls(points, datastore)}) {
+        for (size_t call = 0; call < plan.size(); ++call) {
+            plan.Label(call);
+        }
+    }
     return 0;
 }

@@ -55,7 +55,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, size_t size) {
         std::abort();
     }
     ipapp_validate::HostTransaction transaction(datastore);
-    std::vector<ipapp_validate::PlannedCall> plan =
+    const ipapp_validate::CallPlan plan =
         ipapp_validate::PlanChangedCalls(ipapp_fuzz::BundledPoints(), datastore);
     ipapp_validate::PluginSession session(kEntryPoints, transaction, plan, true);
     session.Run(record_sink);

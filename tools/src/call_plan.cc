@@ -1,5 +1,7 @@
 #include "call_plan.h"
 
+#include <algorithm>
+
 #include "input_error.h"
 
 namespace ipapp_validate {
@@ -13,37 +15,24 @@ using confdstore::Value;
 
 PlannedCall MakeCall(const std::string& point, Keypath keypath, Value value) {
     const confd_value_t view = value.get();
-    std::string text = keypath.text();
-    return PlannedCall{point, std::move(text), std::move(keypath), view, std::move(value)};
-}
-
-void AddSchemaCall(std::vector<PlannedCall>& plan, const ValidationPoint& point,
-                   const Datastore& datastore) {
-    plan.push_back(
-        MakeCall(point.name, datastore.schema_keypath(point), datastore.schema_value(point)));
-}
-
-void AddInstanceCalls(std::vector<PlannedCall>& plan, const ValidationPoint& point,
-                      const std::vector<Instance>& instances) {
-    for (const Instance& instance : instances) {
-        plan.push_back(MakeCall(point.name, instance.keypath(), instance.new_value()));
-    }
+    return PlannedCall{point, std::move(keypath), view, std::move(value)};
 }
 
 // The calls of the points that fire: a call-once point with its schema
 // keypath, any other point once per instance.
 template <typename Fires, typename Instances>
-std::vector<PlannedCall> PlanPoints(const std::vector<ValidationPoint>& points,
-                                    const Datastore& datastore, Fires fires, Instances instances) {
-    std::vector<PlannedCall> plan;
+CallPlan PlanPoints(const std::vector<ValidationPoint>& points, const Datastore& datastore,
+                    Fires fires, Instances instances) {
+    CallPlan plan;
     for (const ValidationPoint& point : points) {
         if (!fires(point)) {
             continue;
         }
         if (point.call_once) {
-            AddSchemaCall(plan, point, datastore);
+            plan.Add(MakeCall(point.name, datastore.schema_keypath(point),
+                              datastore.schema_value(point)));
         } else {
-            AddInstanceCalls(plan, point, instances(point));
+            plan.Add(point.name, instances(point));
         }
     }
     return plan;
@@ -64,17 +53,49 @@ confd_value_t InnermostTag(const confd_hkeypath_t& keypath) {
 
 }  // namespace
 
-std::vector<CallLabel> LabelsOf(const std::vector<PlannedCall>& plan) {
-    std::vector<CallLabel> labels;
-    labels.reserve(plan.size());
-    for (const PlannedCall& call : plan) {
-        labels.push_back(CallLabel{call.point, call.keypath_text});
-    }
-    return labels;
+void CallPlan::Add(PlannedCall call) {
+    Group group;
+    group.first = size_;
+    group.point = call.point;
+    group.made = std::move(call);
+    groups_.push_back(std::move(group));
+    ++size_;
 }
 
-std::vector<PlannedCall> PlanChangedCalls(const std::vector<ValidationPoint>& points,
-                                          const Datastore& datastore) {
+void CallPlan::Add(const std::string& point, std::vector<Instance> instances) {
+    if (instances.empty()) {
+        return;
+    }
+    Group group;
+    group.first = size_;
+    group.point = point;
+    group.instances = std::move(instances);
+    size_ += group.instances.size();
+    groups_.push_back(std::move(group));
+}
+
+const CallPlan::Group& CallPlan::GroupOf(size_t index) const {
+    const auto after =
+        std::upper_bound(groups_.begin(), groups_.end(), index,
+                         [](size_t wanted, const Group& group) { return wanted < group.first; });
+    return *(after - 1);
+}
+
+PlannedCall CallPlan::Make(size_t index) const {
+    const Group& group = GroupOf(index);
+    if (group.made) {
+        return *group.made;
+    }
+    const Instance& instance = group.instances[index - group.first];
+    return MakeCall(group.point, instance.keypath(), instance.new_value());
+}
+
+CallLabel CallPlan::Label(size_t index) const {
+    const PlannedCall call = Make(index);
+    return CallLabel{call.point, call.keypath.text()};
+}
+
+CallPlan PlanChangedCalls(const std::vector<ValidationPoint>& points, const Datastore& datastore) {
     const confdstore::ChangeSet changes = datastore.changes();
     return PlanPoints(
         points, datastore,
@@ -82,16 +103,14 @@ std::vector<PlannedCall> PlanChangedCalls(const std::vector<ValidationPoint>& po
         [&changes](const ValidationPoint& point) { return changes.changed_instances(point); });
 }
 
-std::vector<PlannedCall> PlanAllCalls(const std::vector<ValidationPoint>& points,
-                                      const Datastore& datastore) {
+CallPlan PlanAllCalls(const std::vector<ValidationPoint>& points, const Datastore& datastore) {
     return PlanPoints(
         points, datastore, [](const ValidationPoint&) { return true; },
         [&datastore](const ValidationPoint& point) { return datastore.instances(point); });
 }
 
-std::vector<PlannedCall> PlanExplicitCalls(const std::vector<ExplicitCall>& calls,
-                                           const Datastore& datastore) {
-    std::vector<PlannedCall> plan;
+CallPlan PlanExplicitCalls(const std::vector<ExplicitCall>& calls, const Datastore& datastore) {
+    CallPlan plan;
     for (const ExplicitCall& call : calls) {
         Keypath keypath = [&] {
             try {
@@ -101,9 +120,7 @@ std::vector<PlannedCall> PlanExplicitCalls(const std::vector<ExplicitCall>& call
             }
         }();
         const confd_value_t tag = InnermostTag(keypath.get());
-        std::string text = keypath.text();
-        plan.push_back(
-            PlannedCall{call.point, std::move(text), std::move(keypath), tag, std::nullopt});
+        plan.Add(PlannedCall{call.point, std::move(keypath), tag, std::nullopt});
     }
     return plan;
 }

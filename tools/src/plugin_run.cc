@@ -8,7 +8,7 @@
 
 namespace ipapp_validate {
 
-RunReport RunPlugin(const confdstore::Datastore& datastore, std::vector<PlannedCall>& plan,
+RunReport RunPlugin(const confdstore::Datastore& datastore, const CallPlan& plan,
                     const PluginLibrary& plugin, const PluginRunSettings& settings) {
     HostTransaction transaction(datastore);
     velmw_log_set_debug_enabled(settings.debug ? 1 : 0);
@@ -17,8 +17,9 @@ RunReport RunPlugin(const confdstore::Datastore& datastore, std::vector<PlannedC
     const ChildRun child =
         RunInChild([&session](int record_fd) { return session.Run(record_fd) ? 0 : 1; }, relay,
                    settings.call_timeout);
-    RunReport report =
-        MakeRunReport(child, relay.other_lines(), LabelsOf(plan), settings.keep_going);
+    RunReport report = MakeRunReport(
+        child, relay.other_lines(), plan.size(),
+        [&plan](uint32_t index) { return plan.Label(index); }, settings.keep_going);
     if (report.verdict != Verdict::crashed) {
         relay.ReleaseOtherLines();
     }

@@ -26,7 +26,7 @@ struct PluginRunSettings {
 };
 
 // A fresh library context for this run alone: lib_init, the calls, lib_finish.
-RunReport RunPlugin(const confdstore::Datastore& datastore, std::vector<PlannedCall>& plan,
+RunReport RunPlugin(const confdstore::Datastore& datastore, const CallPlan& plan,
                     const PluginLibrary& plugin, const PluginRunSettings& settings);
 
 }  // namespace ipapp_validate

@@ -54,15 +54,14 @@ bool WriteAll(int fd, const std::string& bytes) {
 }  // namespace
 
 bool PluginSession::Run(int record_fd) {
-    std::vector<CallRecord> done;
-    for (auto next = FollowingCall(done, plan_.size(), keep_going_); next;
-         next = FollowingCall(done, plan_.size(), keep_going_)) {
-        done.push_back(Call(*next));
-        if (!WriteAll(record_fd, EncodeRecord(done.back()))) {
+    // Only the last record decides what follows; earlier ones can go.
+    std::vector<CallRecord> last;
+    for (auto next = FollowingCall(last, plan_.size(), keep_going_); next;
+         next = FollowingCall(last, plan_.size(), keep_going_)) {
+        last.assign(1, Call(*next));
+        if (!WriteAll(record_fd, EncodeRecord(last.back()))) {
             return false;
         }
-        // Only the last record decides what follows; earlier texts can go.
-        done.back().text.clear();
     }
     return true;
 }
@@ -116,11 +115,12 @@ int PluginSession::LibInit() {
 }
 
 int PluginSession::Validate(uint32_t index, CallRecord& record) {
-    PlannedCall& call = plan_[index];
+    PlannedCall call = plan_.Make(index);
     confd_trans_ctx& tctx = transaction_.context();
     confd_trans_clear_err(&tctx);
     tctx.vcb_opaque = call.point.data();
-    // The plug-in gets copies: what it does to them cannot reach the plan.
+    // The plug-in gets copies: what it does to them cannot reach the
+    // datastore's keypath and value.
     confd_hkeypath_t keypath = call.keypath.get();
     confd_value_t new_value = call.new_value;
     const int result = entry_points_.validate(&tctx, &keypath, &new_value);

@@ -1,6 +1,7 @@
 // The plug-in's side of a run, inside the child process: the library's name,
-// its context, one validate per planned call and lib_finish, each reported on
-// the record pipe as soon as it returns.
+// its context, one validate per planned call (its keypath and value made
+// just before the call) and lib_finish, each reported on the record pipe as
+// soon as it returns.
 #ifndef IPAPP_VALIDATE_PLUGIN_SESSION_H
 #define IPAPP_VALIDATE_PLUGIN_SESSION_H
 
@@ -17,7 +18,7 @@ namespace ipapp_validate {
 class PluginSession {
   public:
     PluginSession(const EntryPoints& entry_points, HostTransaction& transaction,
-                  std::vector<PlannedCall>& plan, bool keep_going)
+                  const CallPlan& plan, bool keep_going)
         : entry_points_(entry_points),
           transaction_(transaction),
           plan_(plan),
@@ -36,7 +37,7 @@ class PluginSession {
 
     const EntryPoints& entry_points_;
     HostTransaction& transaction_;
-    std::vector<PlannedCall>& plan_;
+    const CallPlan& plan_;
     bool keep_going_;
     std::string library_name_;
     void* context_ = nullptr;

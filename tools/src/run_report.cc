@@ -25,12 +25,19 @@ std::string DescribeEnd(const ChildEnd& end) {
     return "exited with status " + std::to_string(end.code);
 }
 
-CallReport ReportOf(const CallRecord& record, const std::vector<CallLabel>& plan) {
+// The planned calls: how many, and what each is called.
+struct Planned {
+    size_t size;
+    const LabelOf& label_of;
+};
+
+CallReport ReportOf(const CallRecord& record, const Planned& planned) {
     CallReport report;
     report.stage = record.stage;
-    if (record.stage == Stage::validate && record.index < plan.size()) {
-        report.point = plan[record.index].point;
-        report.keypath = plan[record.index].keypath;
+    if (record.stage == Stage::validate && record.index < planned.size) {
+        CallLabel label = planned.label_of(record.index);
+        report.point = std::move(label.point);
+        report.keypath = std::move(label.keypath);
     }
     if (record.ending == Ending::exception) {
         report.verdict = Verdict::crashed;
@@ -60,12 +67,11 @@ bool Reported(const CallReport& report) {
 
 // The call the child was in when it died, and how it died.
 CallReport DeathReport(const std::optional<NextCall>& dying, const ChildRun& child,
-                       const std::vector<std::string>& child_output,
-                       const std::vector<CallLabel>& plan) {
+                       const std::vector<std::string>& child_output, const Planned& planned) {
     CallRecord record;
     record.stage = dying ? dying->stage : Stage::lib_finish;
     record.index = dying ? dying->index : 0;
-    CallReport report = ReportOf(record, plan);
+    CallReport report = ReportOf(record, planned);
     report.verdict = Verdict::crashed;
     report.crash = Crash{DescribeEnd(child.end), JoinLines(child_output)};
     return report;
@@ -102,22 +108,23 @@ int ExitCode(Verdict verdict) {
 }
 
 RunReport MakeRunReport(const ChildRun& child, const std::vector<std::string>& child_output,
-                        const std::vector<CallLabel>& plan, bool keep_going) {
+                        size_t planned_calls, const LabelOf& label_of, bool keep_going) {
+    const Planned planned{planned_calls, label_of};
     RunReport report;
-    report.fired = plan.size();
+    report.fired = planned_calls;
     const DecodedRecords decoded = DecodeRecords(child.records);
     for (const CallRecord& record : decoded.records) {
         report.plugin_nanoseconds += record.nanoseconds;
-        CallReport call = ReportOf(record, plan);
+        CallReport call = ReportOf(record, planned);
         if (Reported(call)) {
             report.calls.push_back(std::move(call));
         }
     }
     const std::optional<NextCall> unfinished =
-        FollowingCall(decoded.records, plan.size(), keep_going);
+        FollowingCall(decoded.records, planned_calls, keep_going);
     const bool died = unfinished || decoded.torn || child.end.signaled || child.end.code != 0;
     if (died) {
-        report.calls.push_back(DeathReport(unfinished, child, child_output, plan));
+        report.calls.push_back(DeathReport(unfinished, child, child_output, planned));
     }
     for (const CallReport& call : report.calls) {
         report.verdict = Worst(report.verdict, call.verdict);

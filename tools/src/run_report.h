@@ -4,6 +4,7 @@
 #define IPAPP_VALIDATE_RUN_REPORT_H
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -53,10 +54,14 @@ struct CallLabel {
     std::string keypath;
 };
 
+// The label of the planned validate call of an index.
+using LabelOf = std::function<CallLabel(uint32_t index)>;
+
 // Puts together what the child reported, how it ended and what it printed
-// besides log lines; planned holds the labels of the planned validate calls.
+// besides log lines; planned is the number of planned validate calls, and
+// label_of names those the report lists.
 RunReport MakeRunReport(const ChildRun& child, const std::vector<std::string>& child_output,
-                        const std::vector<CallLabel>& planned, bool keep_going);
+                        size_t planned, const LabelOf& label_of, bool keep_going);
 
 }  // namespace ipapp_validate
 

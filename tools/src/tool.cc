@@ -50,9 +50,8 @@ void WriteStdout(const std::string& text) {
     std::fflush(stdout);
 }
 
-std::vector<PlannedCall> Plan(const Options& options,
-                              const std::vector<confdstore::ValidationPoint>& points,
-                              const confdstore::Datastore& datastore) {
+CallPlan Plan(const Options& options, const std::vector<confdstore::ValidationPoint>& points,
+              const confdstore::Datastore& datastore) {
     if (!options.calls.empty()) {
         return PlanExplicitCalls(options.calls, datastore);
     }
@@ -122,7 +121,7 @@ int Validate(const Options& options, Clock::time_point start, Activity& activity
     activity.Start("loading the plug-in " + plugin_path);
     const PluginLibrary plugin(plugin_path);
     activity.Start("planning the calls for " + options.candidate_file);
-    std::vector<PlannedCall> plan = Plan(options, points, datastore);
+    const CallPlan plan = Plan(options, points, datastore);
     activity.Start("running the plug-in on " + options.candidate_file);
     const RunReport report =
         RunPlugin(datastore, plan, plugin,

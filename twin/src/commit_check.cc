@@ -64,8 +64,7 @@ CommitVerdict CommitCheck::Run(const std::string& running, const std::string& ca
         running_text_ = running;
     }
     datastore_.set_candidate(candidate, confdstore::DataFormat::xml, "candidate");
-    std::vector<ipapp_validate::PlannedCall> plan =
-        ipapp_validate::PlanChangedCalls(points_, datastore_);
+    const ipapp_validate::CallPlan plan = ipapp_validate::PlanChangedCalls(points_, datastore_);
     ipapp_validate::PluginRunSettings settings;
     settings.debug = false;
     return VerdictOf(ipapp_validate::RunPlugin(datastore_, plan, plugin_, settings));
