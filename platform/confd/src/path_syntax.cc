@@ -47,6 +47,8 @@ bool PathParser::parse(std::vector<PathStep>& steps, std::string& error) {
     if (at_end()) {
         return fail(error, "empty path");
     }
+    // At most one step per '/' (keys may hold more).
+    steps.reserve(steps.size() + static_cast<size_t>(std::count(text_.begin(), text_.end(), '/')));
     while (!at_end()) {
         if (peek() != '/') {
             return fail(error, "expected '/'");

@@ -29,6 +29,7 @@ bool check_keys(const Schema& schema, const PathStep& step, const lysc_node* nod
 bool resolve_schema(const Schema& schema, const std::vector<PathStep>& steps,
                     std::vector<const lysc_node*>& chain, std::string& error) {
     const lysc_node* parent = nullptr;
+    chain.reserve(chain.size() + steps.size());
     for (size_t i = 0; i < steps.size(); ++i) {
         const PathStep& step = steps[i];
         const lysc_node* node = nullptr;
