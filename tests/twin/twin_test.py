@@ -14,7 +14,10 @@ Exit status 77 (skipped) only when the NETCONF packages are not installed.
 
 import argparse
 import os
+import socket
+import subprocess
 import sys
+import tempfile
 import time
 import unittest
 
@@ -25,7 +28,7 @@ except ImportError:
     sys.exit(77)
 
 sys.path.insert(0, os.path.join(os.path.dirname(__file__), "..", "..", "twin", "python"))
-from twin_process import Twin, config_element  # noqa: E402
+from twin_process import Twin, config_element, free_port  # noqa: E402
 
 REFUSALS_IN_A_ROW = 100
 REFUSALS_SECONDS = 120
@@ -176,6 +179,60 @@ class CrashingPluginTwin(unittest.TestCase):
                           "killed by signal 6 (Aborted)")
         self.assertEqual(running_xml(session), before)
         self.assertIsNone(twin.process.poll())
+
+
+class LauncherBadInput(unittest.TestCase):
+    """Bad usage and bad input: one line on stderr naming the file or option
+    and the problem, exit status 2, no server started."""
+
+    def run_launcher(self, arguments):
+        return subprocess.run([ARGS.launcher, *arguments], capture_output=True, text=True,
+                              timeout=30)
+
+    def test_bad_input_is_one_line_and_status_2(self):
+        with tempfile.TemporaryDirectory(prefix="ipapp-twin-bad-") as directory, \
+                socket.socket(socket.AF_INET, socket.SOCK_STREAM) as taken:
+            taken.bind(("127.0.0.1", 0))
+            taken.listen()
+            busy_port = str(taken.getsockname()[1])
+            running = os.path.join(ARGS.examples, "running.xml")
+            state = os.path.join(directory, "state")
+            missing = os.path.join(directory, "missing.xml")
+            off_model = os.path.join(directory, "off-model.xml")
+            with open(off_model, "w", encoding="utf-8") as file:
+                file.write('<config xmlns="urn:ipapp:yang:device-config"><bogus/></config>\n')
+            port = str(free_port())
+            common = ["--port", port, "--state-dir", state]
+            rows = [
+                (common,
+                 "--running, --port and --state-dir are required (see --help)"),
+                (["--running", running, "--port", "65536", "--state-dir", state],
+                 "--port takes a TCP port from 1 to 65535, not '65536' (see --help)"),
+                (["--running", running, "--running", running] + common,
+                 "--running given twice (see --help)"),
+                (["--running", running, "--colour", "red"] + common,
+                 "unknown option '--colour' (see --help)"),
+                (["--running", missing] + common,
+                 missing + ": cannot read: No such file or directory"),
+                (["--running", off_model] + common,
+                 off_model + ": Node \"bogus\" not found as a child of \"config\" node."),
+                (["--running", running, "--plugin", missing] + common,
+                 "cannot load the plug-in: " + missing + ": cannot open shared object file"),
+                (["--running", running, "--port", port, "--state-dir",
+                  os.path.join(missing, "state")],
+                 os.path.join(missing, "state") + ": cannot make the state directory: "
+                 "No such file or directory"),
+                (["--running", running, "--port", busy_port, "--state-dir", state],
+                 "127.0.0.1:" + busy_port + " cannot be used: Address already in use"),
+            ]
+            for arguments, message in rows:
+                with self.subTest(arguments=arguments):
+                    result = self.run_launcher(arguments)
+                    self.assertEqual(result.returncode, 2)
+                    self.assertEqual(result.stdout, "")
+                    self.assertEqual(result.stderr.count("\n"), 1, result.stderr)
+                    self.assertTrue(result.stderr.startswith("ipapp-netconfd: " + message),
+                                    result.stderr)
 
 
 def main():
