@@ -136,7 +136,7 @@ bool Accepts(int port) {
 void RequireFreePort(int port) {
     if (!OnLoopbackPort(port, bind)) {
         throw std::runtime_error("127.0.0.1:" + std::to_string(port) +
-                                 " is in use: " + strerror(errno));
+                                 " cannot be used: " + strerror(errno));
     }
 }
 
