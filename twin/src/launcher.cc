@@ -114,16 +114,19 @@ sockaddr_in LoopbackAddress(int port) {
     return address;
 }
 
-// connect() or bind() on a TCP socket at 127.0.0.1:port: whether it worked.
+// connect() or bind() on a TCP socket at 127.0.0.1:port: whether it worked;
+// errno tells why not.
 template <typename Operation>
 bool OnLoopbackPort(int port, Operation operation) {
     const int fd = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
     const sockaddr_in address = LoopbackAddress(port);
     const bool worked =
         fd >= 0 && operation(fd, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+    const int error = errno;
     if (fd >= 0) {
         close(fd);
     }
+    errno = error;
     return worked;
 }
 
