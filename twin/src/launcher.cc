@@ -101,6 +101,20 @@ std::vector<std::string> NetconfdArguments(const Files& files, const StatePaths&
     return arguments;
 }
 
+// Where the hook finds the model and the plug-in; in a sanitizer build also
+// the sanitizers' runtimes, which the hook needs and netconfd lacks (netconfd
+// itself is not checked for leaks).
+std::vector<std::string> NetconfdEnvironment(const Files& files) {
+    std::vector<std::string> environment{std::string(kYangDirVariable) + "=" + files.yang_dir,
+                                         std::string(kPluginVariable) + "=" + files.plugin};
+    const std::string preload = IPAPP_TWIN_NETCONFD_PRELOAD;
+    if (!preload.empty()) {
+        environment.push_back("LD_PRELOAD=" + preload);
+        environment.push_back("ASAN_OPTIONS=detect_leaks=0");
+    }
+    return environment;
+}
+
 bool IsSocket(const std::string& path) {
     struct stat status {};
     return stat(path.c_str(), &status) == 0 && S_ISSOCK(status.st_mode);
@@ -191,9 +205,7 @@ int Serve(const LauncherOptions& options, const Files& files, const StatePaths& 
     }
     try {
         ServerProcess netconfd("netconfd", NetconfdArguments(files, paths, options),
-                               paths.netconfd_log,
-                               {std::string(kYangDirVariable) + "=" + files.yang_dir,
-                                std::string(kPluginVariable) + "=" + files.plugin});
+                               paths.netconfd_log, NetconfdEnvironment(files));
         if (!AwaitReady({&netconfd}, "netconfd", [&] { return IsSocket(paths.socket); })) {
             return kStopped;
         }
