@@ -80,32 +80,56 @@ def median_or_none(values):
     return statistics.median(values) if values else None
 
 
-def measure(launcher, files, options, runs):
-    twin = Twin(launcher, files["running"], options)
+class Sampler:
+    """One twin and what its timed commits came to, per candidate."""
+
+    def __init__(self, launcher, files, options):
+        self.twin = Twin(launcher, files["running"], options)
+        self.session = self.twin.connect()
+        self.log = HookLog(self.twin.state)
+        self.running = config_element(files["running"])
+        self.times = {}
+        self.hook_times = {}
+        self.outcomes = {}
+
+    def sample(self, role, candidate):
+        elapsed, refused = timed_commit(self.session, candidate)
+        self.times.setdefault(role, []).append(elapsed)
+        self.hook_times.setdefault(role, []).extend(self.log.new_times())
+        self.outcomes.setdefault(role, set()).add("refused" if refused else "committed")
+        if not refused:
+            timed_commit(self.session, self.running)
+            self.log.new_times()
+
+    def result(self, role):
+        times = self.times[role]
+        return (statistics.median(times), min(times), median_or_none(self.hook_times[role]),
+                "/".join(sorted(self.outcomes[role])))
+
+    def stop(self):
+        try:
+            self.session.close_session()
+        finally:
+            self.twin.stop()
+
+
+def measure(launcher, files, runs):
+    """With and without the hook, sample by sample in turn, so that both
+    meet the same load of the machine."""
+    samplers = {}
     try:
-        session = twin.connect()
-        log = HookLog(twin.state)
-        running = config_element(files["running"])
-        results = {}
+        for hook, options in (("with", []), ("without", ["--no-hook"])):
+            samplers[hook] = Sampler(launcher, files, options)
         for role in ("refused", "accepted"):
             candidate = config_element(files[role])
-            times = []
-            hook_times = []
-            outcomes = set()
             for _ in range(runs):
-                elapsed, refused = timed_commit(session, candidate)
-                times.append(elapsed)
-                hook_times += log.new_times()
-                outcomes.add("refused" if refused else "committed")
-                if not refused:
-                    timed_commit(session, running)
-                    log.new_times()
-            results[role] = (statistics.median(times), min(times), median_or_none(hook_times),
-                             "/".join(sorted(outcomes)))
-        session.close_session()
-        return results
+                for sampler in samplers.values():
+                    sampler.sample(role, candidate)
+        return {hook: {role: sampler.result(role) for role in ("refused", "accepted")}
+                for hook, sampler in samplers.items()}
     finally:
-        twin.stop()
+        for sampler in samplers.values():
+            sampler.stop()
 
 
 def main():
@@ -128,8 +152,7 @@ def main():
         print("%-10s %-9s %-9s %10s %8s %8s  %s" % ("size", "hook", "candidate", "median ms",
                                                   "min ms", "hook ms", "outcome"))
         for size, files in sizes.items():
-            for hook, options in (("with", []), ("without", ["--no-hook"])):
-                results = measure(launcher, files, options, args.runs)
+            for hook, results in measure(launcher, files, args.runs).items():
                 for role, (median, fastest, hook_ms, outcome) in results.items():
                     print("%-10s %-9s %-9s %10.1f %8.1f %8s  %s" % (
                         size, hook, role, median, fastest,

@@ -122,13 +122,29 @@ TEST_F(Changes, KeypathShapesOfTheHandlers) {
     EXPECT_THROW(confd.datastore().keypath("/config/interface/nosuch"), confdstore::Error);
 }
 
-TEST(ChangesOfEqualConfigurations, NothingFires) {
-    ipapp_test::ConfdFixture confd{kRunning, kRunning};
-    const confdstore::ChangeSet changes = confd.datastore().changes();
+void ExpectNothingFires(const confdstore::Datastore& datastore) {
+    const confdstore::ChangeSet changes = datastore.changes();
     EXPECT_EQ(changes.size(), 0u);
     for (const auto& p : ipapp_test::project_schema().validation_points()) {
         EXPECT_FALSE(changes.fires(p)) << p.name << " on " << p.node_path;
     }
+}
+
+TEST(ChangesOfEqualConfigurations, NothingFires) {
+    ipapp_test::ConfdFixture confd{kRunning, kRunning};
+    ExpectNothingFires(confd.datastore());
+}
+
+// As after a commit: running is the candidate's tree, and the candidate
+// stays the changed one (l3 5, 6 and 7).
+TEST_F(Changes, NothingFiresOnceTheCandidateIsCopiedToRunning) {
+    confd.datastore().copy_candidate_to_running();
+    ExpectNothingFires(confd.datastore());
+    EXPECT_EQ(
+        confd.datastore()
+            .instances(point("validate_ipv6_nd_ra_interval", "/config/interface/l3/ipv6/nd/ra"))
+            .size(),
+        3u);
 }
 
 }  // namespace

@@ -57,13 +57,18 @@ CommitVerdict CommitCheck::Check(const std::string& running, const std::string& 
 }
 
 CommitVerdict CommitCheck::Run(const std::string& running, const std::string& candidate) {
-    // A running text that fails to parse leaves the previous tree and its
-    // text in place, so the two always match.
+    // A text that fails to parse leaves the previous tree and its text in
+    // place, so trees and texts always match.
     if (running != running_text_) {
-        datastore_.set_running(running, confdstore::DataFormat::xml, "running");
+        if (running == candidate_text_) {
+            datastore_.copy_candidate_to_running();
+        } else {
+            datastore_.set_running(running, confdstore::DataFormat::xml, "running");
+        }
         running_text_ = running;
     }
     datastore_.set_candidate(candidate, confdstore::DataFormat::xml, "candidate");
+    candidate_text_ = candidate;
     const ipapp_validate::CallPlan plan = ipapp_validate::PlanChangedCalls(points_, datastore_);
     ipapp_validate::PluginRunSettings settings;
     settings.debug = false;

@@ -7,9 +7,10 @@
 // library context (lib_init ... lib_finish in the child), because the
 // plug-in reads its configuration snapshot once per context: a context kept
 // across commits would check every later commit against the first one's
-// data. The candidate is parsed at every commit; the running configuration's
-// parsed tree is kept while its text stays the same, which it does from one
-// refused commit to the next.
+// data. The candidate is parsed at every commit. The running configuration
+// is parsed only when its text is new: from one refused commit to the next
+// it stays the same, and after an accepted commit it is the text of the
+// candidate that was checked last, whose tree is taken over.
 #ifndef IPAPP_TWIN_COMMIT_CHECK_H
 #define IPAPP_TWIN_COMMIT_CHECK_H
 
@@ -49,7 +50,8 @@ class CommitCheck {
     std::vector<confdstore::ValidationPoint> points_;
     ipapp_validate::PluginLibrary plugin_;
     confdstore::Datastore datastore_;
-    std::string running_text_;  // what datastore_'s running configuration was parsed from
+    std::string running_text_;    // what datastore_'s running configuration was read from
+    std::string candidate_text_;  // what datastore_'s candidate was read from
 };
 
 }  // namespace ipapp_twin

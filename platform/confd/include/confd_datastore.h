@@ -163,6 +163,9 @@ class Datastore {
     // value or a value that is not closed, are refused.
     void set_running(const std::string& text, DataFormat format, const std::string& name);
     void set_candidate(const std::string& text, DataFormat format, const std::string& name);
+    // Running becomes the candidate's tree, as after a commit, without
+    // parsing anything again; the candidate stays as it is.
+    void copy_candidate_to_running();
 
     // Makes the datastore reachable at address until the Registration ends.
     Registration serve(const struct sockaddr* address, socklen_t length) const;

@@ -59,6 +59,10 @@ void Datastore::set_candidate(const std::string& text, DataFormat format, const 
     impl_->set_candidate(confd::detail::Tree::parse(impl_->schema(), text, format, name));
 }
 
+void Datastore::copy_candidate_to_running() {
+    impl_->set_running(impl_->candidate());
+}
+
 Registration Datastore::serve(const struct sockaddr* address, socklen_t length) const {
     const std::string key = confd::detail::address_key(address, length);
     confd::detail::serve(key, impl_);
