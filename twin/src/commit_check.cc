@@ -13,10 +13,6 @@ using ipapp_validate::CallReport;
 using ipapp_validate::RunReport;
 using ipapp_validate::Verdict;
 
-CommitVerdict Unchecked(const std::string& why) {
-    return CommitVerdict{false, kUncheckedAppTag, "configuration not checked, so refused: " + why};
-}
-
 std::string CallName(const CallReport& call) {
     return call.stage == ipapp_validate::Stage::validate ? call.point + " " + call.keypath
                                                          : ipapp_validate::StageName(call.stage);
@@ -41,6 +37,10 @@ CommitVerdict VerdictOf(const RunReport& report) {
 }
 
 }  // namespace
+
+CommitVerdict Unchecked(const std::string& why) {
+    return CommitVerdict{false, kUncheckedAppTag, "configuration not checked, so refused: " + why};
+}
 
 CommitCheck::CommitCheck(const std::string& yang_dir, const std::string& plugin_path)
     : schema_(confdstore::Schema::load(yang_dir)),

@@ -35,6 +35,9 @@ struct CommitVerdict {
     std::string message;                     // a refusal's error-message
 };
 
+// A refusal of what could not be checked, saying why.
+CommitVerdict Unchecked(const std::string& why);
+
 class CommitCheck {
   public:
     // Throws with one line naming the directory or library that failed.

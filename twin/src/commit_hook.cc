@@ -66,17 +66,15 @@ void RecordRefusal(ses_cb_t* session, xml_msg_hdr_t* message,
 
 ipapp_twin::CommitVerdict CheckCommit(val_value_t* candidate_root) {
     const cfg_template_t* running = cfg_get_config_id(NCX_CFGID_RUNNING);
-    if (running == nullptr || running->root == nullptr || candidate_root == nullptr) {
-        return {false, ipapp_twin::kUncheckedAppTag,
-                "configuration not checked, so refused: netconfd has no running or candidate "
-                "configuration"};
+    if (twin == nullptr || running == nullptr || running->root == nullptr ||
+        candidate_root == nullptr) {
+        return ipapp_twin::Unchecked("netconfd has no running or candidate configuration");
     }
     try {
         return twin->check.Check(ipapp_twin::ModelConfigXml(running->root, twin->modules),
                                  ipapp_twin::ModelConfigXml(candidate_root, twin->modules));
     } catch (const std::exception& error) {
-        return {false, ipapp_twin::kUncheckedAppTag,
-                std::string("configuration not checked, so refused: ") + error.what()};
+        return ipapp_twin::Unchecked(error.what());
     }
 }
 
