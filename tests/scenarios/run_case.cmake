@@ -4,9 +4,11 @@
 #         [-DRUNNING=<file>] [-DARGS_FILE=<file>] [-DEXPECTED_LOG=<file>]
 #         -P run_case.cmake
 #
-# EXPECTED: the verdict on the first line (accepted, refused or crashed);
-# every further line is the exact text: the refusal text of the first refused
-# call, or for a crash its cause and then what the plug-in printed.
+# EXPECTED: the verdict on the first line (accepted, refused or crashed),
+# optionally followed by " at POINT KEYPATH": the point and keypath of the
+# first refused or crashed call; every further line is the exact text: the
+# refusal text of that call, or for a crash its cause and then what the
+# plug-in printed.
 # ARGS_FILE: further options for the tool, one per line.
 # EXPECTED_LOG: lines that must each stand whole among the tool's stderr
 # lines (fault reports, debug lines).
@@ -60,27 +62,38 @@ function(json_get out json)
     set(${out} "${value}" PARENT_SCOPE)
 endfunction()
 
-# The text of the first call that was not accepted.
-function(first_text out report)
+# The index of the first call that was not accepted, or -1.
+function(first_failed_call out report)
+    set(${out} -1 PARENT_SCOPE)
     string(JSON count LENGTH "${report}" calls)
-    set(text "")
     if(count GREATER 0)
         math(EXPR last "${count} - 1")
         foreach(index RANGE ${last})
             json_get(verdict "${report}" calls ${index} verdict)
-            if(verdict STREQUAL "refused")
-                json_get(text "${report}" calls ${index} text)
-                break()
-            elseif(verdict STREQUAL "crashed")
-                json_get(cause "${report}" calls ${index} crash cause)
-                json_get(detail "${report}" calls ${index} crash detail)
-                set(text "${cause}")
-                if(NOT detail STREQUAL "")
-                    set(text "${cause}\n${detail}")
-                endif()
-                break()
+            if(NOT verdict STREQUAL "accepted")
+                set(${out} ${index} PARENT_SCOPE)
+                return()
             endif()
         endforeach()
+    endif()
+endfunction()
+
+# The text of the call at index: a refusal's text, a crash's cause and detail.
+function(call_text out report index)
+    set(${out} "" PARENT_SCOPE)
+    if(index EQUAL -1)
+        return()
+    endif()
+    json_get(verdict "${report}" calls ${index} verdict)
+    if(verdict STREQUAL "refused")
+        json_get(text "${report}" calls ${index} text)
+    else()
+        json_get(cause "${report}" calls ${index} crash cause)
+        json_get(detail "${report}" calls ${index} crash detail)
+        set(text "${cause}")
+        if(NOT detail STREQUAL "")
+            set(text "${cause}\n${detail}")
+        endif()
     endif()
     set(${out} "${text}" PARENT_SCOPE)
 endfunction()
@@ -115,7 +128,14 @@ execute_process(COMMAND ${command}
 
 file(READ "${EXPECTED}" expected)
 string(REGEX REPLACE "\n$" "" expected "${expected}")
-split_first_line("${expected}" expected_verdict expected_text)
+split_first_line("${expected}" expected_head expected_text)
+set(expected_call "")
+if(expected_head MATCHES "^([a-z]+) at ([^ ]+) (.+)$")
+    set(expected_verdict ${CMAKE_MATCH_1})
+    set(expected_call "${CMAKE_MATCH_2} ${CMAKE_MATCH_3}")
+else()
+    set(expected_verdict "${expected_head}")
+endif()
 
 set(exit_codes_accepted 0)
 set(exit_codes_refused 1)
@@ -131,7 +151,19 @@ endif()
 if(NOT status EQUAL exit_codes_${expected_verdict})
     fail("exit status: expected ${exit_codes_${expected_verdict}}, got ${status}")
 endif()
-first_text(text "${stdout}")
+first_failed_call(failed "${stdout}")
+if(NOT expected_call STREQUAL "")
+    set(call "(none)")
+    if(NOT failed EQUAL -1)
+        json_get(point "${stdout}" calls ${failed} point)
+        json_get(keypath "${stdout}" calls ${failed} keypath)
+        set(call "${point} ${keypath}")
+    endif()
+    if(NOT call STREQUAL expected_call)
+        fail("first refused or crashed call: expected\n[${expected_call}]\ngot\n[${call}]")
+    endif()
+endif()
+call_text(text "${stdout}" ${failed})
 exact_pattern(expected_pattern "${expected_text}")
 if(NOT text MATCHES "^${expected_pattern}$")
     fail("text: expected\n[${expected_text}]\ngot\n[${text}]")
