@@ -21,6 +21,21 @@ const Tree& tree_of(const std::shared_ptr<const void>& tree) {
     return *static_cast<const Tree*>(tree.get());
 }
 
+// The instances of step under parent, lists in the order the change walk
+// delivers them (keys for ordered-by system), anything else as it stands.
+void append_instances(std::vector<const lyd_node*>& instances, const Tree& tree,
+                      const lyd_node* parent, const lysc_node* step) {
+    if (step->nodetype == LYS_LIST) {
+        const std::vector<const lyd_node*>& entries = tree.list(parent, step).entries();
+        instances.insert(instances.end(), entries.begin(), entries.end());
+        return;
+    }
+    for (const lyd_node* n = tree.first_instance(parent, step); n != nullptr && n->schema == step;
+         n = n->next) {
+        instances.push_back(n);
+    }
+}
+
 // The candidate instances of node: the instances of its parent's instances.
 std::vector<const lyd_node*> all_instances(const Tree& tree, const lysc_node* node) {
     std::vector<const lysc_node*> chain;
@@ -33,10 +48,7 @@ std::vector<const lyd_node*> all_instances(const Tree& tree, const lysc_node* no
     for (const lysc_node* step : chain) {
         std::vector<const lyd_node*> next;
         for (const lyd_node* parent : level) {
-            for (const lyd_node* n = tree.first_instance(parent, step);
-                 n != nullptr && n->schema == step; n = n->next) {
-                next.push_back(n);
-            }
+            append_instances(next, tree, parent, step);
         }
         level = std::move(next);
     }
