@@ -67,13 +67,13 @@ std::vector<Route> RoutesOf(size_t i, const UnitEdit& edit) {
     const size_t b = i % 256;
     const size_t vrf = i % 8 == 0 ? 0 : i % kVrfs + 1;
     std::vector<Route> routes = {
-        {vrf, false, 3 * i + 1, Format("1e:%02zx:%02zx:00", a, b), 24,
+        {vrf, "ipv4", 3 * i + 1, Format("1e:%02zx:%02zx:00", a, b), 24,
          Format("0a:%02zx:%02zx:fe", a, b)},
-        {vrf, false, 3 * i + 2, Format("1f:%02zx:%02zx:00", a, b), 24,
+        {vrf, "ipv4", 3 * i + 2, Format("1f:%02zx:%02zx:00", a, b), 24,
          Format("0a:%02zx:%02zx:fd", a, b)},
     };
     if (!edit.drop_ipv6_route) {
-        routes.push_back({vrf, true, 3 * i + 3,
+        routes.push_back({vrf, "ipv6", 3 * i + 3,
                           Format("20:01:0d:b9:%02zx:%02zx:00:00:00:00:00:00:00:00:00:00", a, b), 48,
                           Format("20:01:0d:b8:%02zx:%02zx:00:00:00:00:00:00:00:00:00:fe", a, b)});
     }

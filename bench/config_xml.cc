@@ -1,10 +1,33 @@
 #include "config_xml.h"
 
+#include <arpa/inet.h>
+
 #include <cstdio>
 #include <fstream>
 #include <stdexcept>
 
 namespace ipapp_bench {
+
+namespace {
+
+std::string Entry(const char* list, const std::string& name, const std::string& body) {
+    return std::string("<") + list + " xmlns=\"" + kIpappNs + "\">" + Element("name", name) + body +
+           "</" + list + ">";
+}
+
+std::string AddressList(const std::string& list, const std::vector<std::string>& addrs) {
+    std::string entries;
+    for (const std::string& addr : addrs) {
+        entries += Element(list, Element("ip", addr));
+    }
+    return entries;
+}
+
+}  // namespace
+
+std::string Element(const std::string& name, const std::string& content) {
+    return '<' + name + '>' + content + "</" + name + '>';
+}
 
 void XmlWriter::Open(const std::string& name, const char* ns) {
     out_ += '<' + name;
@@ -22,7 +45,7 @@ void XmlWriter::Close() {
 }
 
 void XmlWriter::Leaf(const std::string& name, const std::string& value) {
-    out_ += '<' + name + '>' + value + "</" + name + ">\n";
+    out_ += Element(name, value) + '\n';
     ++nodes_;
 }
 
@@ -61,7 +84,7 @@ std::string Format(const char* format, size_t a, size_t b, size_t c) {
 void RouteEntry(XmlWriter& xml, const Route& route) {
     xml.Open("rtmStaticRtEntry");
     xml.Leaf("rtmStaticRtVrfCmpntId", std::to_string(route.vrf));
-    xml.Leaf("rtmStaticRtDestAddrType", route.ipv6 ? "ipv6" : "ipv4");
+    xml.Leaf("rtmStaticRtDestAddrType", route.type);
     xml.Leaf("rtmStaticRtDestAddr", route.destination);
     xml.Leaf("rtmStaticRtDestPrefixLen", std::to_string(route.prefix));
     xml.Leaf("rtmStaticRtFteIndex", std::to_string(route.fte));
@@ -86,6 +109,96 @@ void WriteFile(const std::string& path, const std::string& text) {
     if (!file.flush()) {
         throw std::runtime_error(path + ": cannot write");
     }
+}
+
+std::string HexAddress(const std::string& address) {
+    unsigned char bytes[sizeof(in6_addr)];
+    const bool ipv6 = address.find(':') != std::string::npos;
+    if (inet_pton(ipv6 ? AF_INET6 : AF_INET, address.c_str(), bytes) != 1) {
+        throw std::invalid_argument("not an address: " + address);
+    }
+    std::string hex;
+    for (size_t i = 0; i < (ipv6 ? sizeof(in6_addr) : sizeof(in_addr)); ++i) {
+        char octet[4];
+        std::snprintf(octet, sizeof octet, i == 0 ? "%02x" : ":%02x", bytes[i]);
+        hex += octet;
+    }
+    return hex;
+}
+
+std::string Interfaces(const std::string& entries) {
+    return std::string("<config xmlns=\"") + kDeviceNs + "\">" + Element("interface", entries) +
+           "</config>";
+}
+std::string L3(const std::string& name, const std::string& body) {
+    return Entry("l3", name, body);
+}
+std::string Mgmt(const std::string& name, const std::string& body) {
+    return Entry("mgmt", name, body);
+}
+
+std::string IPv4(const std::string& primary, const std::vector<std::string>& secondaries) {
+    return Element(
+        "ipv4", Element("address", Element("ip", primary) + AddressList("secondary", secondaries)));
+}
+std::string IPv6(const std::vector<std::string>& addrs) {
+    return Element("ipv6", AddressList("address", addrs));
+}
+std::string Vrf(const std::string& name) {
+    return Element("vrf", name);
+}
+std::string Vlan(int32_t vlan) {
+    return Element("lower-layer-if", Element("vlan", std::to_string(vlan)));
+}
+
+std::string Routes(const std::vector<RouteRow>& rows) {
+    std::vector<Route> routes;
+    for (const RouteRow& row : rows) {
+        routes.push_back(Route{row.vrf_id, row.type, 1, HexAddress(row.dest), row.prefix_len,
+                               HexAddress(row.next_hop)});
+    }
+    std::string text;
+    XmlWriter xml(text);
+    xml.Open("DC-RTM-MIB", kRtmNs);
+    xml.Open("rtmStaticRtTable");
+    for (const Route& route : routes) {
+        RouteEntry(xml, route);
+    }
+    xml.Close();
+    xml.Close();
+    for (size_t i = 0; i < rows.size(); ++i) {
+        if (!rows[i].interface_name.empty()) {
+            OutputInterfaceRow(xml, routes[i], rows[i].interface_name);
+        }
+    }
+    return text;
+}
+
+std::string Internal(const std::string& entries) {
+    return std::string("<internal xmlns=\"") + kInternalNs + "\">" + entries + "</internal>";
+}
+
+std::string OspfInterface(const std::string& compound, const std::string& area,
+                          const std::string& intf, const std::string& addr, int netmask) {
+    return Element("ospf-interface-l3",
+                   Element("ospf-pm-compound-id", compound) + Element("ospf-pm-area-id", area) +
+                       Element("ospf-pm-if-name", intf) + Element("ospf-pm-ip-addr", addr) +
+                       Element("ospf-pm-ip-netmask", std::to_string(netmask)));
+}
+
+std::string OspfProcess(uint32_t compound, uint32_t process_id, const std::string& vrf) {
+    return Element("ospf-index-to-proc-id",
+                   Element("ospf-pm-compound-id", std::to_string(compound)) +
+                       Element("proc_id", std::to_string(process_id)) + Element("vrf_name", vrf));
+}
+
+std::string Ospfv3Interface(uint32_t process_id, const std::string& area,
+                            const std::string& intf_name, std::optional<uint32_t> ifindex) {
+    const std::string index =
+        ifindex ? Element("ospfv3-pm-if-index", std::to_string(*ifindex)) : "";
+    return Element("ospfv3-interface-l3", Element("ospfv3-pm-proc-id", std::to_string(process_id)) +
+                                              Element("ospfv3-pm-area-id", area) +
+                                              Element("ospfv3-pm-if-name", intf_name) + index);
 }
 
 }  // namespace ipapp_bench

@@ -108,7 +108,8 @@ std::vector<PlannedRoute> Routes(const DeviceShape& shape) {
         const std::string next_hop =
             ipv6 ? Format("20:01:0d:b8:%02zx:%02zx:00:00:00:00:00:00:00:00:00:fe", k / 256, k % 256)
                  : Format("0a:%02zx:%02zx:fe", k / 256, k % 256);
-        const Route route{VrfOf(k), ipv6, r + 1, destination, ipv6 ? 48 : 24, next_hop};
+        const Route route{VrfOf(k),    ipv6 ? "ipv6" : "ipv4", r + 1,
+                          destination, ipv6 ? 48 : 24,         next_hop};
         routes.push_back({route, shape.l3 == 0 ? std::nullopt : std::optional<size_t>(k)});
     }
     return routes;

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "config_xml.h"
 #include "test_util.h"
 
 namespace {
@@ -155,12 +156,12 @@ TEST_F(DiffIterate, BadCallsAreErrors) {
 }
 
 // Rows of a top-level list: each row is a sibling at the root of the tree.
-std::string GlobalRow(int index, const char* interface_name) {
-    return "<rtmStaticRtEntry-global xmlns=\"urn:ipapp:yang:DC-RTM-MIB\"><index>" +
-           std::to_string(index) +
-           "</index><destination>0a:00:00:00</destination><prefix-len>8</prefix-len>"
-           "<next-hop>0a:00:00:01</next-hop><interface-name>" +
-           interface_name + "</interface-name></rtmStaticRtEntry-global>";
+std::string GlobalRow(size_t index, const char* interface_name) {
+    std::string row;
+    ipapp_bench::XmlWriter xml(row);
+    ipapp_bench::OutputInterfaceRow(
+        xml, ipapp_bench::Route{0, "ipv4", index, "0a:00:00:00", 8, "0a:00:00:01"}, interface_name);
+    return row;
 }
 
 TEST(DiffIterateTopLevel, RowsAtTheRootDiffLikeNestedOnes) {

@@ -10,7 +10,7 @@
 #include <string>
 #include <utility>
 
-#include "configuration_xml.h"
+#include "config_xml.h"
 #include "datastore_call.h"
 #include "ip_app_valid.h"
 #include "ip_app_valid/config.h"
@@ -134,10 +134,10 @@ TEST(AssertionsDeathTest, NameTheExpressionSourceAndFunction) {
         "int32_t validate_lower_layer_cross_ospfv3(int32_t, confd_trans_ctx*, confd_hkeypath_t*, "
         "confd_value_t*)";
     const std::string ospfv3 =
-        plugin_test::Internal(plugin_test::Ospfv3Interface(2, "0.0.0.1", "l3-5", std::nullopt));
-    const std::string l3_5 = plugin_test::Interfaces(plugin_test::L3(
+        ipapp_bench::Internal(ipapp_bench::Ospfv3Interface(2, "0.0.0.1", "l3-5", std::nullopt));
+    const std::string l3_5 = ipapp_bench::Interfaces(ipapp_bench::L3(
         "5",
-        plugin_test::Vlan(100) + "<ipv6><nd><ra><max-interval>6</max-interval></ra></nd></ipv6>"));
+        ipapp_bench::Vlan(100) + "<ipv6><nd><ra><max-interval>6</max-interval></ra></nd></ipv6>"));
     const auto vrf_change = [](bool leaf_is_tag) {
         return leaf_is_tag ? Keypath(5, {{0, Tag(ipapp_vrf)}, {1, U32(5)}})
                            : Keypath(5, {{0, Buf("vrf")}});

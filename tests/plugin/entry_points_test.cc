@@ -9,7 +9,7 @@
 #include <cstring>
 #include <string>
 
-#include "configuration_xml.h"
+#include "config_xml.h"
 #include "datastore_call.h"
 #include "ip_app_valid.h"
 #include "validation_point_table.h"
@@ -95,7 +95,7 @@ TEST(Validate, RefusesWhatNoHandlerCanServe) {
 
 TEST(Validate, PercentSignsReachTheOperatorUnexpanded) {
     plugin_test::DatastoreCall call(
-        "", plugin_test::Interfaces(plugin_test::L3("%s%n%d", plugin_test::IPv4("10.0.0.0/24"))));
+        "", ipapp_bench::Interfaces(ipapp_bench::L3("%s%n%d", ipapp_bench::IPv4("10.0.0.0/24"))));
     EXPECT_EQ(call.Validate("ipv4_addr_validation", plugin_test::ListKeypath(ipapp_l3)), -1);
     EXPECT_EQ(call.error_text(),
               "l3 %s%n%d ipv4 address 10.0.0.0/24 cannot be configured as network address.");

@@ -10,7 +10,7 @@
 
 #include <string>
 
-#include "configuration_xml.h"
+#include "config_xml.h"
 #include "datastore_call.h"
 #include "ip_app_valid.h"
 
@@ -51,7 +51,7 @@ TEST(ValidateIntfL3Name, KeyEndsAtItsFirstZeroByte) {
     };
     for (const Case& c : cases) {
         plugin_test::DatastoreCall call(
-            "", plugin_test::Interfaces(plugin_test::L3(c.key) + plugin_test::L3(name60 + "~b")));
+            "", ipapp_bench::Interfaces(ipapp_bench::L3(c.key) + ipapp_bench::L3(name60 + "~b")));
         EXPECT_EQ(call.Run(validate_intf_l3_name, plugin_test::ListKeypath(ipapp_l3)), c.result)
             << c.key;
         EXPECT_EQ(call.error_text(), c.error) << c.key;

@@ -9,21 +9,21 @@
 
 #include <string>
 
-#include "configuration_xml.h"
+#include "config_xml.h"
 #include "datastore_call.h"
 #include "ip_app_valid.h"
 
 namespace {
 
-using plugin_test::Ospfv3Interface;
+using ipapp_bench::Ospfv3Interface;
 
 // The interface index of the l3 interface over VLAN 100.
 constexpr uint32_t kVlan100IfIndex = 1000100;
 
 // l3 5 over the VLAN, with the internal entries.
 std::string Interface5(int32_t vlan, const std::string& internal = "") {
-    return plugin_test::Interfaces(plugin_test::L3("5", plugin_test::Vlan(vlan))) +
-           plugin_test::Internal(internal);
+    return ipapp_bench::Interfaces(ipapp_bench::L3("5", ipapp_bench::Vlan(vlan))) +
+           ipapp_bench::Internal(internal);
 }
 
 TEST(ValidateLowerLayerCrossProt, FirstEntryOfTheCommittedVlansIndexInKeyOrder) {

@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-#include "configuration_xml.h"
+#include "config_xml.h"
 #include "datastore_call.h"
 #include "host_log.h"
 
@@ -26,6 +26,7 @@ using ip_application::config_valid::InterfaceConfig;
 using ip_application::config_valid::Ospfv2Config;
 using ip_application::config_valid::StaticRouteConfig;
 using ip_application::config_valid::StaticRouteList;
+using namespace ipapp_bench;
 using namespace plugin_test;
 
 constexpr ConfigAddrFamily kIPv4 = ConfigAddrFamily::IPv4;
