@@ -1,6 +1,8 @@
 /* Cursors: delivery order, keys, the end of the walk and misuse. */
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "project_data.h"
 #include "test_util.h"
 
@@ -81,7 +83,8 @@ TEST(CursorUse, KeysReadBackAsTheirTypesAndServeAsPathKeys) {
     EXPECT_EQ(mc.n, 0);
     maapi_destroy_cursor(&mc);
     maapi_destroy_cursor(&mc);
-    EXPECT_EQ(outcome(maapi_get_next(&mc)), error(CONFD_ERR_BADSTATE));
+    EXPECT_EQ(outcome(maapi_get_next(&mc)),
+              error(CONFD_ERR_BADSTATE, "cursor not initialised or destroyed"));
     EXPECT_EQ(mc.n, 0);
 }
 
@@ -98,12 +101,16 @@ TEST(CursorUse, TheCursorOutlivesItsTransaction) {
 
 TEST(CursorUse, BadInitLeavesASafeCursor) {
     ipapp_test::ConfdFixture confd("", confd_test::kCandidate);
-    const char* paths[] = {"/config/interface/l3{5}", "/config/interface/l3{5}/vrf", "/nosuch"};
-    for (const char* path : paths) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"/config/interface/l3{5}", "/config/interface/l3{5} is not a list"},
+        {"/config/interface/l3{5}/vrf", "/config/interface/l3{5}/vrf is not a list"},
+        {"/nosuch", "unknown node 'nosuch' in /"},
+    };
+    for (const auto& [path, text] : cases) {
         maapi_cursor mc;
         EXPECT_EQ(
             outcome(maapi_init_cursor(confd.maapi_socket(), confd.thandle(), &mc, "%s", path)),
-            error(CONFD_ERR_BADPATH))
+            error(CONFD_ERR_BADPATH, text))
             << path;
         EXPECT_EQ(maapi_get_next(&mc), CONFD_ERR);
         EXPECT_EQ(mc.n, 0);

@@ -146,7 +146,7 @@ TEST_F(DiffIterate, BadCallsAreErrors) {
     EXPECT_EQ(confd_test::outcome(maapi_keypath_diff_iterate(confd.maapi_socket(), confd.thandle(),
                                                              Recorder::iterate, 0, &recorder,
                                                              "/config/nosuch")),
-              confd_test::error(CONFD_ERR_BADPATH));
+              confd_test::error(CONFD_ERR_BADPATH, "unknown node 'nosuch' in /config"));
     EXPECT_EQ(maapi_keypath_diff_iterate(confd.maapi_socket(), confd.thandle(), nullptr, 0,
                                          &recorder, "/config"),
               CONFD_ERR);

@@ -14,6 +14,7 @@ using confd_test::error;
 using confd_test::outcome;
 
 constexpr const char* kVrf = "/config/interface/l3{5}/vrf";
+constexpr const char* kVlan = "/config/interface/l3{5}/lower-layer-if/vlan";
 
 class FaultInjection : public ::testing::Test {
   protected:
@@ -31,8 +32,9 @@ TEST_F(FaultInjection, ExistsSucceedsWhileTheReadFails) {
     faults::fail("maapi_get_elem", "/config/interface/ipapp:l3{ 5 }/vrf", CONFD_ERR_NOEXISTS);
     EXPECT_EQ(maapi_exists(s, th, kVrf), 1);
     confd_value_t v;
-    EXPECT_EQ(outcome(maapi_get_elem(s, th, &v, "/config/interface/l3{%s}/vrf", "5")),
-              error(CONFD_ERR_NOEXISTS));
+    EXPECT_EQ(
+        outcome(maapi_get_elem(s, th, &v, "/config/interface/l3{%s}/vrf", "5")),
+        error(CONFD_ERR_NOEXISTS, "injected fault: maapi_get_elem /config/interface/l3{5}/vrf"));
     EXPECT_EQ(faults::hits(), 1);
     char name[16];
     EXPECT_EQ(maapi_get_str_elem(s, th, name, sizeof name, kVrf), CONFD_OK);
@@ -75,16 +77,19 @@ TEST_F(FaultInjection, EachNamedCallCanFail) {
         {"cdb_get_int32", "",
          [&] {
              int32_t vlan = 0;
-             return cdb_get_int32(cdb, &vlan, "/config/interface/l3{5}/lower-layer-if/vlan");
+             return cdb_get_int32(cdb, &vlan, kVlan);
          }},
     };
     for (const Case& c : cases) {
         faults::fail(c.call, c.path, CONFD_ERR_INTERNAL);
-        EXPECT_EQ(outcome(c.run()), error(CONFD_ERR_INTERNAL)) << c.call;
+        const std::string path = *c.path != '\0' ? c.path : kVlan;
+        EXPECT_EQ(outcome(c.run()),
+                  error(CONFD_ERR_INTERNAL, std::string("injected fault: ") + c.call + " " + path))
+            << c.call;
         maapi_destroy_cursor(&mc);
         faults::reset();
     }
-    EXPECT_EQ(cdb_exists(cdb, "/config/interface/l3{5}/lower-layer-if/vlan"), 1);
+    EXPECT_EQ(cdb_exists(cdb, kVlan), 1);
     cdb_close(cdb);
 }
 

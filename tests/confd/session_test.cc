@@ -33,10 +33,10 @@ TEST(Sockets, ConnectOnlyWhereADatastoreIsServed) {
     nobody.sin_port = htons(1);
     const int sock = new_socket();
     EXPECT_EQ(outcome(maapi_connect(sock, reinterpret_cast<sockaddr*>(&nobody), sizeof nobody)),
-              error(CONFD_ERR_OS));
+              error(CONFD_ERR_OS, "connect: connection refused: nothing serves inet:127.0.0.1:1"));
     EXPECT_EQ(maapi_connect(sock, nullptr, 0), CONFD_ERR);
     EXPECT_EQ(outcome(maapi_connect(-1, confd.address(), confd.address_length())),
-              error(CONFD_ERR_OS));
+              error(CONFD_ERR_OS, "connect: socket -1 is not an open file descriptor"));
     EXPECT_EQ(maapi_start_trans(sock, CONFD_CANDIDATE, CONFD_READ), CONFD_ERR);
     EXPECT_EQ(maapi_close(sock), CONFD_ERR);  // never connected: not ours to close
     ASSERT_EQ(maapi_connect(sock, confd.address(), confd.address_length()), CONFD_OK);
@@ -62,7 +62,9 @@ TEST(Transactions, HandlesMustBeKnownAndAttached) {
     const int other = new_socket();
     ASSERT_EQ(maapi_connect(other, confd.address(), confd.address_length()), CONFD_OK);
     const char* l3 = "/config/interface/l3{5}";
-    EXPECT_EQ(outcome(maapi_exists(other, confd.thandle(), l3)), error(CONFD_ERR_BADSTATE));
+    EXPECT_EQ(outcome(maapi_exists(other, confd.thandle(), l3)),
+              error(CONFD_ERR_BADSTATE, "transaction " + std::to_string(confd.thandle()) +
+                                            " is not attached to socket " + std::to_string(other)));
     EXPECT_EQ(maapi_attach(other, 0, confd.tctx()), CONFD_OK);
     EXPECT_EQ(maapi_exists(other, confd.thandle(), l3), 1);
     EXPECT_EQ(maapi_detach(other, confd.tctx()), CONFD_OK);
@@ -70,8 +72,10 @@ TEST(Transactions, HandlesMustBeKnownAndAttached) {
 
     confd_trans_ctx unknown{};
     unknown.thandle = 999999;
-    EXPECT_EQ(outcome(maapi_attach(other, 0, &unknown)), error(CONFD_ERR_NOEXISTS));
-    EXPECT_EQ(outcome(maapi_exists(other, 999999, "/config")), error(CONFD_ERR_NOEXISTS));
+    EXPECT_EQ(outcome(maapi_attach(other, 0, &unknown)),
+              error(CONFD_ERR_NOEXISTS, "no transaction 999999"));
+    EXPECT_EQ(outcome(maapi_exists(other, 999999, "/config")),
+              error(CONFD_ERR_NOEXISTS, "no transaction 999999"));
     EXPECT_EQ(maapi_attach(other, 0, nullptr), CONFD_ERR);
     EXPECT_EQ(maapi_start_trans(other, CONFD_STARTUP, CONFD_READ), CONFD_ERR);
     EXPECT_EQ(maapi_close(other), CONFD_OK);
@@ -102,9 +106,10 @@ TEST(Cdb, ReadsRunningWhileMaapiReadsTheCandidate) {
     int32_t vlan = 0;
     EXPECT_EQ(
         outcome(cdb_get_int32(cdb, &vlan, "/config/interface/l3{%s}/lower-layer-if/vlan", "5")),
-        error(CONFD_ERR_NOSESSION));
+        error(CONFD_ERR_NOSESSION, "no CDB session is started on this socket"));
     ASSERT_EQ(cdb_start_session(cdb, CDB_RUNNING), CONFD_OK);
-    EXPECT_EQ(outcome(cdb_start_session(cdb, CDB_RUNNING)), error(CONFD_ERR_BADSTATE));
+    EXPECT_EQ(outcome(cdb_start_session(cdb, CDB_RUNNING)),
+              error(CONFD_ERR_BADSTATE, "cdb_start_session: a session is started already"));
     EXPECT_EQ(cdb_get_int32(cdb, &vlan, "/config/interface/l3{%s}/lower-layer-if/vlan", "5"),
               CONFD_OK);
     EXPECT_EQ(vlan, 99);
@@ -115,16 +120,20 @@ TEST(Cdb, ReadsRunningWhileMaapiReadsTheCandidate) {
     EXPECT_EQ(cdb_exists(cdb, "/config/interface/l3{10}"), 0);
     EXPECT_EQ(cdb_num_instances(cdb, "/config/interface/l3"), 1);
     u_int32_t unsigned_vlan = 0;
-    EXPECT_EQ(outcome(cdb_get_u_int32(cdb, &unsigned_vlan, kVlan)), error(CONFD_ERR_BADTYPE));
-    EXPECT_EQ(outcome(cdb_get_int32(cdb, &vlan, "/config/interface/l3{10}/lower-layer-if/vlan")),
-              error(CONFD_ERR_NOEXISTS));
+    EXPECT_EQ(outcome(cdb_get_u_int32(cdb, &unsigned_vlan, kVlan)),
+              error(CONFD_ERR_BADTYPE, "value of type 8, not of type 12"));
+    EXPECT_EQ(
+        outcome(cdb_get_int32(cdb, &vlan, "/config/interface/l3{10}/lower-layer-if/vlan")),
+        error(CONFD_ERR_NOEXISTS, "/config/interface/l3{10}/lower-layer-if/vlan does not exist"));
     confd_value_t v;
     EXPECT_EQ(cdb_get(cdb, &v, "/config/interface/l3{5}/name"), CONFD_OK);
     EXPECT_EQ(confd_test::pp(v), "5");
     confd_free_value(&v);
     EXPECT_EQ(cdb_end_session(cdb), CONFD_OK);
-    EXPECT_EQ(outcome(cdb_end_session(cdb)), error(CONFD_ERR_NOSESSION));
-    EXPECT_EQ(outcome(cdb_start_session(cdb, CDB_OPERATIONAL)), error(CONFD_ERR_NOEXISTS));
+    EXPECT_EQ(outcome(cdb_end_session(cdb)),
+              error(CONFD_ERR_NOSESSION, "cdb_end_session: no session is started"));
+    EXPECT_EQ(outcome(cdb_start_session(cdb, CDB_OPERATIONAL)),
+              error(CONFD_ERR_NOEXISTS, "cdb_start_session: database 3 is not available"));
     EXPECT_EQ(maapi_exists(cdb, confd.thandle(), "/config"), CONFD_ERR);  // not a MAAPI socket
     EXPECT_EQ(cdb_close(cdb), CONFD_OK);
 }

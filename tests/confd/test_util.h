@@ -25,14 +25,16 @@ inline std::string pp(const confd_hkeypath_t& keypath) {
     return text;
 }
 
-// A call's result as "<result>", or "error <confd_errno>" for CONFD_ERR,
-// so that a result and its errno are checked in one comparison.
+// A call's result as "<result>", or "error <confd_errno>: <confd_lasterr()>"
+// for CONFD_ERR, so that a result, its errno and its text are checked in one
+// comparison.
 inline std::string outcome(int result) {
-    return result == CONFD_ERR ? "error " + std::to_string(confd_errno) : std::to_string(result);
+    return result == CONFD_ERR ? "error " + std::to_string(confd_errno) + ": " + confd_lasterr()
+                               : std::to_string(result);
 }
 
-inline std::string error(int confd_error) {
-    return "error " + std::to_string(confd_error);
+inline std::string error(int confd_error, const std::string& text) {
+    return "error " + std::to_string(confd_error) + ": " + text;
 }
 
 // Writes text to a file and gives its path.
