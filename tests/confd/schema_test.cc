@@ -93,7 +93,7 @@ TEST(SchemaErrors, OneLineNamingTheProblem) {
         {"bad pin", module("leaf x { e:id-value \"five\"; type int8; }"), "bad id-value 'five'"},
         {"call-once on a leaf",
          module("leaf x { e:validate \"v\" { e:call-once \"true\"; } type int8; }"),
-         "call-once is only allowed on lists"},
+         "call-once is only allowed on lists and leaf-lists"},
         {"unknown dependency",
          module("leaf x { e:validate \"v\" { e:dependency \"/nosuch\"; } type int8; }"),
          "bad dependency '/nosuch'"},

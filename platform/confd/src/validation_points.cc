@@ -63,7 +63,7 @@ confdstore::ValidationPoint read_point(const Schema& schema, const lysc_node* no
     }
     if (point.call_once && node->nodetype != LYS_LIST && node->nodetype != LYS_LEAFLIST) {
         throw confdstore::Error("validation point " + name + " on " + point.node_path +
-                                ": call-once is only allowed on lists");
+                                ": call-once is only allowed on lists and leaf-lists");
     }
     return point;
 }
