@@ -31,11 +31,13 @@ class Config;
 extern "C" {
 #endif
 
-/* Creates the library context and stores its address in *context. Returns 0. */
+/* Creates the library context and stores its address in *context. Returns 0,
+ * or -1 when context is NULL. */
 IP_APP_VALID_EXPORT int lib_init(void** context);
 /* Destroys the context in *context (nothing when it is NULL). Returns 0. */
 IP_APP_VALID_EXPORT int lib_finish(void** context);
-/* Writes the library name, cut to size, into name. Returns 0. */
+/* Writes the library name, cut to size, into name. Returns 0, or -1 when name
+ * is NULL and size is not 0. */
 IP_APP_VALID_EXPORT int get_validation_point(char* name, unsigned size);
 /* The validation callback: 0 accepts, -1 refuses. */
 IP_APP_VALID_EXPORT int validate(struct confd_trans_ctx* tctx, confd_hkeypath_t* keypath,
