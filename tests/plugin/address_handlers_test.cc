@@ -1,6 +1,6 @@
-// An interface kind without a reader is refused before anything is read. The
-// address and route checks' texts and orders are proven end to end
-// (tests/scenarios).
+// The address and route handlers read exactly their readers and families,
+// and an interface kind without a reader is refused before anything is read.
+// Their checks' texts and orders are proven end to end (tests/scenarios).
 #include "ip_app_valid/confd_api.h"
 
 #include <gtest/gtest.h>
@@ -39,12 +39,32 @@ std::string FamiliesRead(const Config& config) {
     return read;
 }
 
-TEST(AddressHandlers, RefuseAKeypathOfNoInterfaceKindBeforeReading) {
-    for (ValidationHandler* handler : {validate_ipv4_addr, validate_ipv6_addr}) {
+TEST(AddressHandlers, EachReadsItsReadersAndFamilies) {
+    struct Case {
+        const char* name;
+        ValidationHandler* handler;
+        u_int32_t list_tag;
+        const char* read;
+        const char* error;
+    };
+    const Case cases[] = {
+        {"validate_ipv4_addr", validate_ipv4_addr, ipapp_l3, "- 4 4 4 4", ""},
+        {"validate_ipv6_addr", validate_ipv6_addr, ipapp_mgmt, "- 6 6 6 6", ""},
+        {"validate_ipv4_addr_cross_prot", validate_ipv4_addr_cross_prot, ipapp_l3, "4 - 4 4 -", ""},
+        {"validate_ipv4_addr_route", validate_ipv4_addr_route, 0, "- 4 4 4 4", ""},
+        {"validate_ipv6_addr_route", validate_ipv6_addr_route, 0, "- 6 6 6 6", ""},
+        {"validate_route_l3_intf", validate_route_l3_intf, ipapp_l3, "- 46 4 - -", ""},
+        {"validate_ipv4_addr on vrf", validate_ipv4_addr, ipapp_vrf, "- - - - -",
+         kInvalidInterface},
+        {"validate_ipv6_addr on vrf", validate_ipv6_addr, ipapp_vrf, "- - - - -",
+         kInvalidInterface},
+    };
+    for (const Case& c : cases) {
         plugin_test::DatastoreCall call("", "");
-        EXPECT_EQ(call.Run(handler, plugin_test::ListKeypath(ipapp_vrf)), -1);
-        EXPECT_EQ(FamiliesRead(call.config()), "- - - - -");
-        EXPECT_EQ(call.error_text(), kInvalidInterface);
+        EXPECT_EQ(call.Run(c.handler, plugin_test::ListKeypath(c.list_tag)), *c.error ? -1 : 0)
+            << c.name;
+        EXPECT_EQ(FamiliesRead(call.config()), c.read) << c.name;
+        EXPECT_EQ(call.error_text(), c.error) << c.name;
     }
 }
 

@@ -1,4 +1,5 @@
-// The configuration model: read-once flags and the keypath's interface kind.
+// The configuration model: read-once flags, the interface readers' order and
+// the keypath's interface kind.
 #include "ip_app_valid/confd_api.h"
 
 #include <gtest/gtest.h>
@@ -14,6 +15,7 @@ using ip_application::config_valid::Config;
 using ip_application::config_valid::ConfigAddrFamily;
 using ip_application::config_valid::GenericConfig;
 using ip_application::config_valid::InterfaceType;
+using ip_application::config_valid::LoConfig;
 
 // A reader that records the families it was asked to read; a read of family
 // 6 throws while fail_ipv6 is set.
@@ -57,6 +59,21 @@ TEST(ReadConfigIfNeeded, ReadsEachFamilyOnceIgnoresOthersAndRetriesAThrowingRead
         EXPECT_EQ(reader.ipv4_read(), c.ipv4_read);
         EXPECT_EQ(reader.ipv6_read(), c.ipv6_read);
     }
+}
+
+TEST(IntfByType, SearchesTheReadersInManagementLayer3LoopbackOrder) {
+    Config config;
+    EXPECT_EQ(config.intf_by_type(InterfaceType::Mgmt), &config.mgmt_config);
+    EXPECT_EQ(config.intf_by_type(InterfaceType::L3), &config.l3_config);
+    EXPECT_EQ(config.intf_by_type(InterfaceType::Lo), &config.lo_config);
+    EXPECT_EQ(config.intf_by_type(InterfaceType::Unknown), nullptr);
+    EXPECT_EQ(config.interface_configs,
+              (std::vector<ip_application::config_valid::InterfaceConfig*>{
+                  &config.mgmt_config, &config.l3_config, &config.lo_config}));
+    // The first reader of a kind in the list is the one found.
+    LoConfig other_loopbacks;
+    config.interface_configs.insert(config.interface_configs.begin(), &other_loopbacks);
+    EXPECT_EQ(config.intf_by_type(InterfaceType::Lo), &other_loopbacks);
 }
 
 TEST(IntfTypeFromConfdPath, MapsTheInnermostTagToTheInterfaceKind) {
