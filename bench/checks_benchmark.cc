@@ -75,7 +75,7 @@ constexpr const char* kL3List = "/config/interface/ipapp:l3";
 void MaapiElementRead(benchmark::State& state) {
     ipapp_bench::CommitChecks& checks = ChecksOfScale(1);
     std::vector<std::string> paths;
-    for (size_t l3 = 1; l3 <= ipapp_bench::ScaledDevice(1).l3; ++l3) {
+    for (size_t l3 = 1; l3 <= ipapp_generator::ScaledDevice(1).l3; ++l3) {
         paths.push_back(std::string(kL3List) + "{" + std::to_string(l3) + "}/ipv4/address/ip");
     }
     size_t next = 0;

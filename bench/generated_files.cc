@@ -10,6 +10,10 @@
 #include "device_generator.h"
 
 namespace ipapp_bench {
+
+using ipapp_generator::DeviceShape;
+using ipapp_generator::GeneratedPair;
+
 namespace {
 
 class ScratchDirectory {
@@ -54,7 +58,7 @@ const GeneratedDevice& DeviceOfShape(size_t key, const DeviceShape& shape) {
     return Generated<Family, GeneratedDevice>(key, [&shape](const std::string& directory) {
         GeneratedDevice device;
         device.file = directory + "/device.xml";
-        device.nodes = WriteDevice(device.file, shape);
+        device.nodes = ipapp_generator::WriteDevice(device.file, shape);
         return device;
     });
 }
@@ -67,16 +71,17 @@ struct ByL3;
 }  // namespace
 
 const GeneratedPair& PairOf(size_t units) {
-    return Generated<ByUnits, GeneratedPair>(
-        units, [units](const std::string& directory) { return WriteConfigPair(directory, units); });
+    return Generated<ByUnits, GeneratedPair>(units, [units](const std::string& directory) {
+        return ipapp_generator::WriteConfigPair(directory, units);
+    });
 }
 
 const GeneratedDevice& DeviceOfScale(size_t factor) {
-    return DeviceOfShape<ByScale>(factor, ScaledDevice(factor));
+    return DeviceOfShape<ByScale>(factor, ipapp_generator::ScaledDevice(factor));
 }
 
 const GeneratedDevice& DeviceWithLoopbacks(size_t loopbacks) {
-    DeviceShape shape = ScaledDevice(1);
+    DeviceShape shape = ipapp_generator::ScaledDevice(1);
     shape.loopbacks = loopbacks;
     return DeviceOfShape<ByLoopbacks>(loopbacks, shape);
 }

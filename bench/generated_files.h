@@ -16,7 +16,7 @@ struct GeneratedDevice {
 };
 
 // WriteConfigPair of units units.
-const GeneratedPair& PairOf(size_t units);
+const ipapp_generator::GeneratedPair& PairOf(size_t units);
 // WriteDevice of ScaledDevice(factor).
 const GeneratedDevice& DeviceOfScale(size_t factor);
 // WriteDevice of ScaledDevice(1) with loopbacks loopbacks instead of 8.

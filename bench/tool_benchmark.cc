@@ -74,7 +74,7 @@ double JsonNumber(const std::string& json, const std::string& member) {
 }
 
 void ToolAgainstLibyang(benchmark::State& state) {
-    const ipapp_bench::GeneratedPair& pair =
+    const ipapp_generator::GeneratedPair& pair =
         ipapp_bench::PairOf(static_cast<size_t>(state.range(0)));
     const std::string tool = Quoted(IPAPP_VALIDATE) + " --format json --timing --running " +
                              Quoted(pair.running_file) + " " + Quoted(pair.candidate_file);

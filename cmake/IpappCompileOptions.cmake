@@ -1,5 +1,5 @@
-# Warnings are errors everywhere; sanitizers on request.
-add_compile_options(-Wall -Wextra -Werror)
+# Warnings everywhere, errors with IPAPP_WERROR; sanitizers on request.
+add_compile_options(-Wall -Wextra $<$<BOOL:${IPAPP_WERROR}>:-Werror>)
 
 if(IPAPP_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all

@@ -158,9 +158,10 @@ TEST_F(DiffIterate, BadCallsAreErrors) {
 // Rows of a top-level list: each row is a sibling at the root of the tree.
 std::string GlobalRow(size_t index, const char* interface_name) {
     std::string row;
-    ipapp_bench::XmlWriter xml(row);
-    ipapp_bench::OutputInterfaceRow(
-        xml, ipapp_bench::Route{0, "ipv4", index, "0a:00:00:00", 8, "0a:00:00:01"}, interface_name);
+    ipapp_generator::XmlWriter xml(row);
+    ipapp_generator::OutputInterfaceRow(
+        xml, ipapp_generator::Route{0, "ipv4", index, "0a:00:00:00", 8, "0a:00:00:01"},
+        interface_name);
     return row;
 }
 

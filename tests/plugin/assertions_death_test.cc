@@ -133,11 +133,11 @@ TEST(AssertionsDeathTest, NameTheExpressionSourceAndFunction) {
     const std::string lower_layer_rule =
         "int32_t validate_lower_layer_cross_ospfv3(int32_t, confd_trans_ctx*, confd_hkeypath_t*, "
         "confd_value_t*)";
-    const std::string ospfv3 =
-        ipapp_bench::Internal(ipapp_bench::Ospfv3Interface(2, "0.0.0.1", "l3-5", std::nullopt));
-    const std::string l3_5 = ipapp_bench::Interfaces(ipapp_bench::L3(
-        "5",
-        ipapp_bench::Vlan(100) + "<ipv6><nd><ra><max-interval>6</max-interval></ra></nd></ipv6>"));
+    const std::string ospfv3 = ipapp_generator::Internal(
+        ipapp_generator::Ospfv3Interface(2, "0.0.0.1", "l3-5", std::nullopt));
+    const std::string l3_5 = ipapp_generator::Interfaces(ipapp_generator::L3(
+        "5", ipapp_generator::Vlan(100) +
+                 "<ipv6><nd><ra><max-interval>6</max-interval></ra></nd></ipv6>"));
     const auto vrf_change = [](bool leaf_is_tag) {
         return leaf_is_tag ? Keypath(5, {{0, Tag(ipapp_vrf)}, {1, U32(5)}})
                            : Keypath(5, {{0, Buf("vrf")}});

@@ -119,8 +119,8 @@ TEST(Validate, RefusesWhatNoHandlerCanServe) {
 }
 
 TEST(Validate, PercentSignsReachTheOperatorUnexpanded) {
-    plugin_test::DatastoreCall call(
-        "", ipapp_bench::Interfaces(ipapp_bench::L3("%s%n%d", ipapp_bench::IPv4("10.0.0.0/24"))));
+    plugin_test::DatastoreCall call("", ipapp_generator::Interfaces(ipapp_generator::L3(
+                                            "%s%n%d", ipapp_generator::IPv4("10.0.0.0/24"))));
     EXPECT_EQ(call.Validate("ipv4_addr_validation", plugin_test::ListKeypath(ipapp_l3)), -1);
     EXPECT_EQ(call.error_text(),
               "l3 %s%n%d ipv4 address 10.0.0.0/24 cannot be configured as network address.");

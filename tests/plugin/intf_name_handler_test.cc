@@ -18,11 +18,11 @@ namespace {
 TEST(ValidateIntfL3Name, CountComesFirstAndAFailedCountPassesOnToTheNames) {
     std::string interfaces;
     for (int i = 0; i < 256; ++i) {
-        interfaces += ipapp_bench::L3("if" + std::to_string(i));
+        interfaces += ipapp_generator::L3("if" + std::to_string(i));
     }
-    interfaces += ipapp_bench::L3("bad.name");
+    interfaces += ipapp_generator::L3("bad.name");
     for (const bool count_fails : {false, true}) {
-        plugin_test::DatastoreCall call("", ipapp_bench::Interfaces(interfaces));
+        plugin_test::DatastoreCall call("", ipapp_generator::Interfaces(interfaces));
         if (count_fails) {
             confdstore::fault_injection::fail("maapi_num_instances", "/config/interface/l3",
                                               CONFD_ERR_BADPATH);

@@ -51,7 +51,8 @@ TEST(ValidateIntfL3Name, KeyEndsAtItsFirstZeroByte) {
     };
     for (const Case& c : cases) {
         plugin_test::DatastoreCall call(
-            "", ipapp_bench::Interfaces(ipapp_bench::L3(c.key) + ipapp_bench::L3(name60 + "~b")));
+            "", ipapp_generator::Interfaces(ipapp_generator::L3(c.key) +
+                                            ipapp_generator::L3(name60 + "~b")));
         EXPECT_EQ(call.Run(validate_intf_l3_name, plugin_test::ListKeypath(ipapp_l3)), c.result)
             << c.key;
         EXPECT_EQ(call.error_text(), c.error) << c.key;

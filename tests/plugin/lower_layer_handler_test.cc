@@ -15,15 +15,15 @@
 
 namespace {
 
-using ipapp_bench::Ospfv3Interface;
+using ipapp_generator::Ospfv3Interface;
 
 // The interface index of the l3 interface over VLAN 100.
 constexpr uint32_t kVlan100IfIndex = 1000100;
 
 // l3 5 over the VLAN, with the internal entries.
 std::string Interface5(int32_t vlan, const std::string& internal = "") {
-    return ipapp_bench::Interfaces(ipapp_bench::L3("5", ipapp_bench::Vlan(vlan))) +
-           ipapp_bench::Internal(internal);
+    return ipapp_generator::Interfaces(ipapp_generator::L3("5", ipapp_generator::Vlan(vlan))) +
+           ipapp_generator::Internal(internal);
 }
 
 TEST(ValidateLowerLayerCrossProt, FirstEntryOfTheCommittedVlansIndexInKeyOrder) {

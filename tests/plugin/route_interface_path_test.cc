@@ -38,7 +38,7 @@ namespace {
 
 TEST(StaticRouteReader, LooksUpTheOutputInterfaceWithBlanksInsideTheBraces) {
     plugin_test::DatastoreCall call(
-        "", ipapp_bench::Routes({{"ipv4", "10.0.0.0", 8, "10.0.0.1", "l3-7"}}));
+        "", ipapp_generator::Routes({{"ipv4", "10.0.0.0", 8, "10.0.0.1", "l3-7"}}));
     call.config().static_route_config.ReadConfigIfNeeded(
         ip_application::config_valid::ConfigAddrFamily::IPv4);
     const std::string path =

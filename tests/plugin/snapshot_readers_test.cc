@@ -26,7 +26,7 @@ using ip_application::config_valid::InterfaceConfig;
 using ip_application::config_valid::Ospfv2Config;
 using ip_application::config_valid::StaticRouteConfig;
 using ip_application::config_valid::StaticRouteList;
-using namespace ipapp_bench;
+using namespace ipapp_generator;
 using namespace plugin_test;
 
 constexpr ConfigAddrFamily kIPv4 = ConfigAddrFamily::IPv4;

@@ -2,8 +2,8 @@
 // tests: an element writer that counts data nodes, the modules' namespaces,
 // the VRF names, static route rows, writing a file, and small configurations
 // composed as text.
-#ifndef IPAPP_BENCH_CONFIG_XML_H
-#define IPAPP_BENCH_CONFIG_XML_H
+#ifndef IPAPP_GENERATOR_CONFIG_XML_H
+#define IPAPP_GENERATOR_CONFIG_XML_H
 
 #include <cstddef>
 #include <cstdint>
@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-namespace ipapp_bench {
+namespace ipapp_generator {
 
 constexpr const char* kDeviceNs = "urn:ipapp:yang:device-config";
 constexpr const char* kIpappNs = "urn:ipapp:yang:ipapp";
@@ -109,6 +109,6 @@ std::string OspfProcess(uint32_t compound, uint32_t process_id, const std::strin
 std::string Ospfv3Interface(uint32_t process_id, const std::string& area,
                             const std::string& intf_name, std::optional<uint32_t> ifindex);
 
-}  // namespace ipapp_bench
+}  // namespace ipapp_generator
 
 #endif

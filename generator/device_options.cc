@@ -3,7 +3,7 @@
 #include <map>
 #include <stdexcept>
 
-namespace ipapp_bench {
+namespace ipapp_generator {
 namespace {
 
 // A whole decimal number, at most most (what the address plan holds).
@@ -68,4 +68,4 @@ DeviceRequest ParseDeviceOptions(const std::vector<std::string>& arguments) {
     return request;
 }
 
-}  // namespace ipapp_bench
+}  // namespace ipapp_generator

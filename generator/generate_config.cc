@@ -25,17 +25,17 @@ int GeneratePair(int argc, char** argv) {
                      "[--ospfv2=0|1]\n");
         return 2;
     }
-    const ipapp_bench::GeneratedPair pair =
-        ipapp_bench::WriteConfigPair(argv[1], static_cast<size_t>(std::atol(argv[2])));
+    const ipapp_generator::GeneratedPair pair =
+        ipapp_generator::WriteConfigPair(argv[1], static_cast<size_t>(std::atol(argv[2])));
     std::printf("%s: %zu nodes\n%s: %zu nodes\n", pair.running_file.c_str(), pair.running_nodes,
                 pair.candidate_file.c_str(), pair.candidate_nodes);
     return 0;
 }
 
 int GenerateDevice(int argc, char** argv) {
-    const ipapp_bench::DeviceRequest request =
-        ipapp_bench::ParseDeviceOptions(std::vector<std::string>(argv + 1, argv + argc));
-    const size_t nodes = ipapp_bench::WriteDevice(request.file, request.shape);
+    const ipapp_generator::DeviceRequest request =
+        ipapp_generator::ParseDeviceOptions(std::vector<std::string>(argv + 1, argv + argc));
+    const size_t nodes = ipapp_generator::WriteDevice(request.file, request.shape);
     std::printf("%s: %zu nodes\n", request.file.c_str(), nodes);
     return 0;
 }

@@ -7,7 +7,7 @@
 
 #include "config_xml.h"
 
-namespace ipapp_bench {
+namespace ipapp_generator {
 namespace {
 
 // The VRF number of l3 interface i; 0 is the global VRF.
@@ -212,4 +212,4 @@ size_t WriteDevice(const std::string& path, const DeviceShape& shape) {
     return xml.nodes();
 }
 
-}  // namespace ipapp_bench
+}  // namespace ipapp_generator

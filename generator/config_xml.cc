@@ -6,7 +6,7 @@
 #include <fstream>
 #include <stdexcept>
 
-namespace ipapp_bench {
+namespace ipapp_generator {
 
 namespace {
 
@@ -201,4 +201,4 @@ std::string Ospfv3Interface(uint32_t process_id, const std::string& area,
                                               Element("ospfv3-pm-if-name", intf_name) + index);
 }
 
-}  // namespace ipapp_bench
+}  // namespace ipapp_generator

@@ -18,13 +18,13 @@
 //   name their interface as output interface.
 // - OSPFv2: process 1 of the global VRF and process n+1 of VRF "vrf<n>" run
 //   on every IPv4 address of the l3 interfaces and loopbacks.
-#ifndef IPAPP_BENCH_DEVICE_GENERATOR_H
-#define IPAPP_BENCH_DEVICE_GENERATOR_H
+#ifndef IPAPP_GENERATOR_DEVICE_GENERATOR_H
+#define IPAPP_GENERATOR_DEVICE_GENERATOR_H
 
 #include <cstddef>
 #include <string>
 
-namespace ipapp_bench {
+namespace ipapp_generator {
 
 struct DeviceShape {
     size_t l3 = 0;
@@ -49,6 +49,6 @@ constexpr size_t kMostOfAKind = 65536;
 // the address plan holds or the file cannot be written.
 size_t WriteDevice(const std::string& path, const DeviceShape& shape);
 
-}  // namespace ipapp_bench
+}  // namespace ipapp_generator
 
 #endif

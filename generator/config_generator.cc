@@ -6,7 +6,7 @@
 
 #include "config_xml.h"
 
-namespace ipapp_bench {
+namespace ipapp_generator {
 namespace {
 
 // What a commit changes in one unit.
@@ -188,4 +188,4 @@ GeneratedPair WriteConfigPair(const std::string& directory, size_t units) {
     return pair;
 }
 
-}  // namespace ipapp_bench
+}  // namespace ipapp_generator

@@ -13,13 +13,13 @@
 // The candidate is the running configuration after a typical commit: timers
 // of two interfaces, one secondary address, one new interface, one route
 // fewer.
-#ifndef IPAPP_BENCH_CONFIG_GENERATOR_H
-#define IPAPP_BENCH_CONFIG_GENERATOR_H
+#ifndef IPAPP_GENERATOR_CONFIG_GENERATOR_H
+#define IPAPP_GENERATOR_CONFIG_GENERATOR_H
 
 #include <cstddef>
 #include <string>
 
-namespace ipapp_bench {
+namespace ipapp_generator {
 
 struct GeneratedPair {
     std::string running_file;
@@ -32,6 +32,6 @@ struct GeneratedPair {
 // std::runtime_error when a file cannot be written.
 GeneratedPair WriteConfigPair(const std::string& directory, size_t units);
 
-}  // namespace ipapp_bench
+}  // namespace ipapp_generator
 
 #endif
