@@ -38,7 +38,6 @@ int cdb_num_instances(int sock, const char* fmt, ...);
 /* Allocates for buffer types: free with confd_free_value. */
 int cdb_get(int sock, confd_value_t* v, const char* fmt, ...);
 int cdb_get_int32(int sock, int32_t* rval, const char* fmt, ...);
-int cdb_get_u_int32(int sock, u_int32_t* rval, const char* fmt, ...);
 
 #ifdef __cplusplus
 }

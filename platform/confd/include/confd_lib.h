@@ -480,7 +480,6 @@ struct confd_trans_ctx {
 int* confd_errno_location(void);
 #define confd_errno (*confd_errno_location())
 char* confd_lasterr(void);
-char* confd_strerror(int code);
 
 /*
  * Sets the error text of the transaction, printf-style. The text is kept in
@@ -488,9 +487,6 @@ char* confd_strerror(int code);
  */
 void confd_trans_seterr(struct confd_trans_ctx* tctx, const char* fmt, ...)
     __attribute__((format(printf, 2, 3)));
-void confd_trans_seterr_extended(struct confd_trans_ctx* tctx, enum confd_errcode code,
-                                 u_int32_t apptag_ns, u_int32_t apptag_tag, const char* fmt, ...)
-    __attribute__((format(printf, 5, 6)));
 /* Releases the error text of a transaction context (not in ConfD's API). */
 void confd_trans_clear_err(struct confd_trans_ctx* tctx);
 
@@ -500,7 +496,6 @@ void confd_trans_clear_err(struct confd_trans_ctx* tctx);
  */
 int confd_pp_value(char* buf, int bufsiz, const confd_value_t* v);
 int confd_pp_kpath(char* buf, int bufsiz, const confd_hkeypath_t* hkp);
-int confd_pp_kpath_len(char* buf, int bufsiz, const confd_hkeypath_t* hkp, int len);
 
 /* Frees what a value points to (buffers, lists); the value itself is not freed. */
 void confd_free_value(confd_value_t* v);

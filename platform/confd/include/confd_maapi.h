@@ -50,8 +50,6 @@ int maapi_close(int sock);
 int maapi_start_trans(int sock, enum confd_dbname db, enum confd_trans_mode mode);
 int maapi_finish_trans(int sock, int thandle);
 int maapi_attach(int sock, int hashed_ns, struct confd_trans_ctx* ctx);
-int maapi_attach2(int sock, int hashed_ns, int usid, int thandle);
-int maapi_detach(int sock, struct confd_trans_ctx* ctx);
 
 /* 1 when the node exists, 0 when it does not, CONFD_ERR on error. */
 int maapi_exists(int sock, int thandle, const char* fmt, ...);

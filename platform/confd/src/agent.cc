@@ -198,15 +198,6 @@ int attach(int sock, int thandle) {
     });
 }
 
-int detach(int sock, int thandle) {
-    return with_session(sock, SocketKind::maapi, [&](AgentState&, Session& session) {
-        if (session.attached.erase(thandle) == 0) {
-            return failf(CONFD_ERR_NOEXISTS, "detach: transaction %d is not attached", thandle);
-        }
-        return CONFD_OK;
-    });
-}
-
 int transaction(int sock, int thandle, TransactionView& view) {
     return with_session(sock, SocketKind::maapi, [&](AgentState& agent, Session& session) {
         Transaction* found = transaction_of(agent, session, thandle);

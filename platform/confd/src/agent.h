@@ -41,7 +41,6 @@ int close_socket(int sock, SocketKind kind);
 int start_transaction(int sock, enum confd_dbname db);
 int finish_transaction(int sock, int thandle);
 int attach(int sock, int thandle);
-int detach(int sock, int thandle);
 int transaction(int sock, int thandle, TransactionView& view);
 int start_cdb_session(int sock, enum cdb_db_type db);
 int end_cdb_session(int sock);

@@ -84,15 +84,4 @@ int cdb_get_int32(int sock, int32_t* rval, const char* fmt, ...) {
     return result;
 }
 
-int cdb_get_u_int32(int sock, u_int32_t* rval, const char* fmt, ...) {
-    va_list args;
-    va_start(args, fmt);
-    const int result = on_tree(session_tree(sock), [&](const Tree& tree) {
-        return confd::detail::read_typed("cdb_get_u_int32", tree, C_UINT32,
-                                         confd::detail::uint32_of, rval, fmt, args);
-    });
-    va_end(args);
-    return result;
-}
-
 }  // extern "C"

@@ -53,35 +53,4 @@ char* confd_lasterr(void) {
     return confd::detail::last_error.data();
 }
 
-char* confd_strerror(int code) {
-    struct Entry {
-        int code;
-        const char* text;
-    };
-    static const Entry entries[] = {
-        {CONFD_ERR_NOEXISTS, "item does not exist"},
-        {CONFD_ERR_ALREADY_EXISTS, "item already exists"},
-        {CONFD_ERR_ACCESS_DENIED, "access denied"},
-        {CONFD_ERR_BADTYPE, "bad type"},
-        {CONFD_ERR_BADPATH, "bad path"},
-        {CONFD_ERR_BADSTATE, "bad state"},
-        {CONFD_ERR_INTERNAL, "internal error"},
-        {CONFD_ERR_EXTERNAL, "external error"},
-        {CONFD_ERR_MALLOC, "memory allocation failed"},
-        {CONFD_ERR_PROTOUSAGE, "protocol usage error"},
-        {CONFD_ERR_NOSESSION, "no session"},
-        {CONFD_ERR_OS, "operating system error"},
-        {CONFD_ERR_UNAVAILABLE, "unavailable"},
-        {CONFD_ERR_EOF, "end of file"},
-        {CONFD_ERR_XPATH, "XPath error"},
-        {CONFD_ERR_NOTRANS, "no such transaction"},
-    };
-    for (const Entry& entry : entries) {
-        if (entry.code == code) {
-            return const_cast<char*>(entry.text);
-        }
-    }
-    return const_cast<char*>("unknown error");
-}
-
 }  // extern "C"

@@ -75,12 +75,10 @@ void append_order_key(std::string& key, const confd_value_t& v) {
         case C_IPV6:
             append_raw(key, &v.val.ip6, sizeof v.val.ip6);
             break;
-        case C_IPV4PREFIX:
         case C_IPV4_AND_PLEN:
             append_raw(key, &v.val.ipv4prefix.ip, sizeof v.val.ipv4prefix.ip);
             key += static_cast<char>(v.val.ipv4prefix.len);
             break;
-        case C_IPV6PREFIX:
         case C_IPV6_AND_PLEN:
             append_raw(key, &v.val.ipv6prefix.ip6, sizeof v.val.ipv6prefix.ip6);
             key += static_cast<char>(v.val.ipv6prefix.len);
@@ -92,7 +90,6 @@ void append_order_key(std::string& key, const confd_value_t& v) {
             break;
         case C_BUF:
         case C_BINARY:
-        case C_HEXSTR:
             append_bytes(key, v.val.buf.ptr, v.val.buf.size);
             break;
         default:

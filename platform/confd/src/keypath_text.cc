@@ -36,15 +36,7 @@ std::string keypath_text(const confd_hkeypath_t& hkp, int levels) {
 extern "C" {
 
 int confd_pp_kpath(char* buf, int bufsiz, const confd_hkeypath_t* hkp) {
-    return hkp == nullptr ? confd::detail::copy_out(buf, bufsiz, "")
-                          : confd_pp_kpath_len(buf, bufsiz, hkp, hkp->len);
-}
-
-int confd_pp_kpath_len(char* buf, int bufsiz, const confd_hkeypath_t* hkp, int len) {
-    if (hkp == nullptr) {
-        return confd::detail::copy_out(buf, bufsiz, "");
-    }
-    return confd::detail::copy_out(buf, bufsiz, keypath_text(*hkp, len));
+    return confd::detail::copy_out(buf, bufsiz, hkp == nullptr ? "" : keypath_text(*hkp, hkp->len));
 }
 
 }  // extern "C"

@@ -33,15 +33,4 @@ int maapi_attach(int sock, int /*hashed_ns*/, struct confd_trans_ctx* ctx) {
     return confd::detail::attach(sock, ctx->thandle);
 }
 
-int maapi_attach2(int sock, int /*hashed_ns*/, int /*usid*/, int thandle) {
-    return confd::detail::attach(sock, thandle);
-}
-
-int maapi_detach(int sock, struct confd_trans_ctx* ctx) {
-    if (ctx == nullptr) {
-        return confd::detail::fail(CONFD_ERR_PROTOUSAGE, "detach: null transaction context");
-    }
-    return confd::detail::detach(sock, ctx->thandle);
-}
-
 }  // extern "C"

@@ -7,15 +7,14 @@
 
 namespace {
 
-// Replaces the transaction's error text with the formatted one and sets the
-// error's code and application tag.
-void set_error(confd_trans_ctx* tctx, enum confd_errcode code, const xml_tag& apptag,
-               const char* fmt, va_list args) {
+// Replaces the transaction's error text with the formatted one, an
+// application error without a tag.
+void set_error(confd_trans_ctx* tctx, const char* fmt, va_list args) {
     if (tctx == nullptr || fmt == nullptr) {
         return;
     }
-    tctx->error.code = code;
-    tctx->error.apptag = apptag;
+    tctx->error.code = CONFD_ERRCODE_APPLICATION;
+    tctx->error.apptag = xml_tag{0, 0};
     va_list measure;
     va_copy(measure, args);
     const int length = std::vsnprintf(nullptr, 0, fmt, measure);
@@ -39,15 +38,7 @@ extern "C" {
 void confd_trans_seterr(confd_trans_ctx* tctx, const char* fmt, ...) {
     va_list args;
     va_start(args, fmt);
-    set_error(tctx, CONFD_ERRCODE_APPLICATION, xml_tag{0, 0}, fmt, args);
-    va_end(args);
-}
-
-void confd_trans_seterr_extended(confd_trans_ctx* tctx, enum confd_errcode code,
-                                 u_int32_t apptag_ns, u_int32_t apptag_tag, const char* fmt, ...) {
-    va_list args;
-    va_start(args, fmt);
-    set_error(tctx, code, xml_tag{apptag_tag, apptag_ns}, fmt, args);
+    set_error(tctx, fmt, args);
     va_end(args);
 }
 

@@ -181,7 +181,7 @@ bool read_stored_number(const lyd_value& value, confd_vtype type, confd_value_t*
 }  // namespace
 
 bool is_buffer_type(confd_vtype type) {
-    return type == C_BUF || type == C_BINARY || type == C_HEXSTR || type == C_BITBIG;
+    return type == C_BUF || type == C_BINARY;
 }
 
 TypedValue::TypedValue() : value_{} {

@@ -8,12 +8,9 @@
 
 namespace confd::detail {
 
-// Sets value to a buffer type (C_BUF, C_BINARY, ...) holding a malloc'ed,
+// Sets value to a buffer type (C_BUF, C_BINARY) holding a malloc'ed,
 // NUL-terminated copy of bytes; false when memory runs out.
 bool set_owned_buffer(confd_value_t* value, confd_vtype type, const void* bytes, size_t size);
-
-// True for the types whose payload confd_free_value releases.
-bool owns_memory(confd_vtype type);
 
 }  // namespace confd::detail
 
