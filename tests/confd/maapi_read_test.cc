@@ -100,14 +100,6 @@ TEST_F(MaapiRead, TypedGettersCheckTheType) {
         CONFD_OK);
     EXPECT_EQ(ntohl(prefix.ip.s_addr), 0x0a010203u);
     EXPECT_EQ(prefix.len, 24);
-    int32_t enumeration = -1;
-    EXPECT_EQ(maapi_get_enum_value_elem(s, th, &enumeration,
-                                        "%s{0 ipv6 20:01:0d:b8:00:00:00:00:00:00:00:00:00:00:00:00 "
-                                        "32 2 20:01:0d:b8:00:00:00:00:00:00:00:00:00:00:00:02}/"
-                                        "rtmStaticRtDestAddrType",
-                                        kRoute),
-              CONFD_OK);
-    EXPECT_EQ(enumeration, 2);
 
     u_int32_t wrong = 77;
     EXPECT_EQ(outcome(maapi_get_u_int32_elem(s, th, &wrong, vlan_path)),

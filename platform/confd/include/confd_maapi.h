@@ -58,14 +58,10 @@ int maapi_num_instances(int sock, int thandle, const char* fmt, ...);
 
 /* Leaf reads. maapi_get_elem allocates for buffer types: free with confd_free_value. */
 int maapi_get_elem(int sock, int thandle, confd_value_t* v, const char* fmt, ...);
-int maapi_vget_elem(int sock, int thandle, confd_value_t* v, const char* fmt, va_list args);
 int maapi_get_int32_elem(int sock, int thandle, int32_t* rval, const char* fmt, ...);
 int maapi_get_u_int8_elem(int sock, int thandle, u_int8_t* rval, const char* fmt, ...);
 int maapi_get_u_int16_elem(int sock, int thandle, u_int16_t* rval, const char* fmt, ...);
 int maapi_get_u_int32_elem(int sock, int thandle, u_int32_t* rval, const char* fmt, ...);
-int maapi_get_enum_value_elem(int sock, int thandle, int32_t* rval, const char* fmt, ...);
-int maapi_get_ipv4_elem(int sock, int thandle, struct in_addr* rval, const char* fmt, ...);
-int maapi_get_ipv6_elem(int sock, int thandle, struct in6_addr* rval, const char* fmt, ...);
 /* Copies at most n-1 characters and a NUL; CONFD_ERR_PROTOUSAGE when n is too small. */
 int maapi_get_str_elem(int sock, int thandle, char* buf, int n, const char* fmt, ...);
 int maapi_get_ipv4_and_plen_elem(int sock, int thandle, struct confd_ipv4_prefix* rval,

@@ -58,16 +58,12 @@ int maapi_num_instances(int sock, int thandle, const char* fmt, ...) {
     return result;
 }
 
-int maapi_vget_elem(int sock, int thandle, confd_value_t* v, const char* fmt, va_list args) {
-    return on_tree(transaction_tree(sock, thandle), [&](const Tree& tree) {
-        return confd::detail::read_copy("maapi_get_elem", tree, v, fmt, args);
-    });
-}
-
 int maapi_get_elem(int sock, int thandle, confd_value_t* v, const char* fmt, ...) {
     va_list args;
     va_start(args, fmt);
-    const int result = maapi_vget_elem(sock, thandle, v, fmt, args);
+    const int result = on_tree(transaction_tree(sock, thandle), [&](const Tree& tree) {
+        return confd::detail::read_copy("maapi_get_elem", tree, v, fmt, args);
+    });
     va_end(args);
     return result;
 }
@@ -76,9 +72,6 @@ CONFD_MAAPI_TYPED_GETTER(maapi_get_int32_elem, int32_t, C_INT32, int32_of)
 CONFD_MAAPI_TYPED_GETTER(maapi_get_u_int8_elem, u_int8_t, C_UINT8, uint8_of)
 CONFD_MAAPI_TYPED_GETTER(maapi_get_u_int16_elem, u_int16_t, C_UINT16, uint16_of)
 CONFD_MAAPI_TYPED_GETTER(maapi_get_u_int32_elem, u_int32_t, C_UINT32, uint32_of)
-CONFD_MAAPI_TYPED_GETTER(maapi_get_enum_value_elem, int32_t, C_ENUM_VALUE, enum_of)
-CONFD_MAAPI_TYPED_GETTER(maapi_get_ipv4_elem, struct in_addr, C_IPV4, ipv4_of)
-CONFD_MAAPI_TYPED_GETTER(maapi_get_ipv6_elem, struct in6_addr, C_IPV6, ipv6_of)
 CONFD_MAAPI_TYPED_GETTER(maapi_get_ipv4_and_plen_elem, struct confd_ipv4_prefix, C_IPV4_AND_PLEN,
                          ipv4_prefix_of)
 CONFD_MAAPI_TYPED_GETTER(maapi_get_ipv6_and_plen_elem, struct confd_ipv6_prefix, C_IPV6_AND_PLEN,

@@ -67,15 +67,6 @@ inline u_int16_t uint16_of(const confd_value_t& v) {
 inline u_int32_t uint32_of(const confd_value_t& v) {
     return v.val.u32;
 }
-inline int32_t enum_of(const confd_value_t& v) {
-    return v.val.enumvalue;
-}
-inline struct in_addr ipv4_of(const confd_value_t& v) {
-    return v.val.ip;
-}
-inline struct in6_addr ipv6_of(const confd_value_t& v) {
-    return v.val.ip6;
-}
 inline confd_ipv4_prefix ipv4_prefix_of(const confd_value_t& v) {
     return v.val.ipv4prefix;
 }
