@@ -2,7 +2,6 @@
 #include <arpa/inet.h>
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 #include <cstring>
@@ -42,19 +41,6 @@ TEST(Sockets, ConnectOnlyWhereADatastoreIsServed) {
     ASSERT_EQ(maapi_connect(sock, confd.address(), confd.address_length()), CONFD_OK);
     EXPECT_EQ(maapi_close(sock), CONFD_OK);
     EXPECT_EQ(fcntl(sock, F_GETFD), -1);  // maapi_close closed the descriptor
-}
-
-TEST(Sockets, UnixAddressesServeToo) {
-    confdstore::Datastore store(ipapp_test::project_schema());
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    std::strcpy(address.sun_path, "/tmp/confd-test-unix-address");
-    const auto registration = store.serve(reinterpret_cast<sockaddr*>(&address), sizeof address);
-    EXPECT_THROW(store.serve(reinterpret_cast<sockaddr*>(&address), sizeof address),
-                 confdstore::Error);
-    const int sock = new_socket();
-    EXPECT_EQ(maapi_connect(sock, reinterpret_cast<sockaddr*>(&address), sizeof address), CONFD_OK);
-    EXPECT_EQ(maapi_close(sock), CONFD_OK);
 }
 
 TEST(Transactions, HandlesMustBeKnownAndAttached) {

@@ -2,7 +2,6 @@
 
 #include <arpa/inet.h>
 #include <fcntl.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 #include <cstring>
@@ -86,36 +85,21 @@ void finish_owned(AgentState& agent, int sock) {
     }
 }
 
-std::string inet_key(const char* scheme, int family, const void* address, uint16_t port,
-                     bool brackets) {
-    char text[INET6_ADDRSTRLEN];
-    if (inet_ntop(family, address, text, sizeof text) == nullptr) {
-        return "";
-    }
-    const std::string host = brackets ? "[" + std::string(text) + "]" : text;
-    return std::string(scheme) + host + ":" + std::to_string(ntohs(port));
-}
-
 }  // namespace
 
 std::string address_key(const struct sockaddr* address, socklen_t length) {
     if (address == nullptr || length < static_cast<socklen_t>(sizeof(sa_family_t))) {
         return "";
     }
-    if (address->sa_family == AF_INET && length >= static_cast<socklen_t>(sizeof(sockaddr_in))) {
-        const auto* in = reinterpret_cast<const sockaddr_in*>(address);
-        return inet_key("inet:", AF_INET, &in->sin_addr, in->sin_port, false);
+    if (address->sa_family != AF_INET || length < static_cast<socklen_t>(sizeof(sockaddr_in))) {
+        return "";
     }
-    if (address->sa_family == AF_INET6 && length >= static_cast<socklen_t>(sizeof(sockaddr_in6))) {
-        const auto* in6 = reinterpret_cast<const sockaddr_in6*>(address);
-        return inet_key("inet6:", AF_INET6, &in6->sin6_addr, in6->sin6_port, true);
+    const auto* in = reinterpret_cast<const sockaddr_in*>(address);
+    char host[INET_ADDRSTRLEN];
+    if (inet_ntop(AF_INET, &in->sin_addr, host, sizeof host) == nullptr) {
+        return "";
     }
-    if (address->sa_family == AF_UNIX) {
-        const auto* un = reinterpret_cast<const sockaddr_un*>(address);
-        const size_t room = static_cast<size_t>(length) - offsetof(sockaddr_un, sun_path);
-        return "unix:" + std::string(un->sun_path, strnlen(un->sun_path, room));
-    }
-    return "";
+    return "inet:" + std::string(host) + ":" + std::to_string(ntohs(in->sin_port));
 }
 
 void serve(const std::string& address, std::shared_ptr<Store> store) {

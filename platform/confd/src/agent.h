@@ -28,7 +28,7 @@ struct TransactionView {
     std::shared_ptr<const Tree> running;
 };
 
-// "inet:1.2.3.4:4565", "inet6:[::1]:4565" or "unix:/path"; empty if unsupported.
+// "inet:1.2.3.4:4565" for an IPv4 address and port; empty for any other.
 std::string address_key(const struct sockaddr* address, socklen_t length);
 
 // Registers store at address; throws confdstore::Error if it is served already.
