@@ -23,6 +23,8 @@ std::string NonDefaults(const Options& o) {
     add(o.max_input_size != confdstore::kDefaultMaxFileSize,
         "max-input-size=" + std::to_string(o.max_input_size));
     add(o.format == OutputFormat::json, "json");
+    add(o.format == OutputFormat::junit, "junit");
+    add(o.quiet, "quiet");
     add(o.all, "all");
     add(o.keep_going, "keep-going");
     add(o.list_points, "list-points");
@@ -54,6 +56,8 @@ TEST(Options, AcceptedOrRefusedWithTheReason) {
          "yang=y running=r.json candidate=c.xml plugin=p.so log=l json"},
         {{"--all", "--keep-going", "--no-debug", "--timing", "--format=text", "c.xml"},
          "candidate=c.xml all keep-going timing no-debug"},
+        {{"--format=junit", "c.xml"}, "candidate=c.xml junit"},
+        {{"--quiet", "c.xml"}, "candidate=c.xml quiet"},
         {{"--timeout", "1", "c.xml"}, "candidate=c.xml timeout=1"},
         {{"--timeout=86400", "c.xml"}, "candidate=c.xml timeout=86400"},
         {{"--call", "a=/x{1}", "--call=b=/y{k=v}", "c.xml"},
@@ -78,7 +82,11 @@ TEST(Options, AcceptedOrRefusedWithTheReason) {
         {{"a.xml", "--candidate", "b.xml"},
          "refused: more than one candidate configuration: 'b.xml'"},
         {{"--running", "r.xml"}, "refused: no candidate configuration given"},
-        {{"--format", "xml", "c.xml"}, "refused: --format takes text or json, not 'xml'"},
+        {{"--format", "xml", "c.xml"}, "refused: --format takes text, json or junit, not 'xml'"},
+        {{"--quiet", "--format=junit", "c.xml"},
+         "refused: --quiet applies to the text report only"},
+        {{"--list-points", "--format=junit"},
+         "refused: --list-points has no JUnit form: use text or json"},
         {{"--call", "p", "c.xml"}, "refused: --call takes POINT=KEYPATH, not 'p'"},
         {{"--call", "=/x", "c.xml"}, "refused: --call takes POINT=KEYPATH, not '=/x'"},
         {{"--call", "p=", "c.xml"}, "refused: --call takes POINT=KEYPATH, not 'p='"},

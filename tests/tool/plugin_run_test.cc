@@ -70,7 +70,20 @@ const PluginRun kRuns[] = {
      "accepted  point_2  /config/interface/l3{ok}\n"
      "refused   point_3  /config/interface/l3{refuse}\n"
      "          point_3 call 3 value type 2\n"
-     "refused: 2 of 3 validation calls refused\n"},
+     "refused: 2 of 3 validation calls refused\n"
+     "calls per point: point_1 x 1, point_2 x 1, point_3 x 1\n"},
+    // --quiet lists only what failed; the count per point still names every
+    // point that ran.
+    {"--quiet --keep-going refuse ok refuse", "", 1,
+     "refused   point_1  /config/interface/l3{refuse}\n"
+     "          point_1 call 1 value type 2\n"
+     "refused   point_3  /config/interface/l3{refuse}\n"
+     "          point_3 call 3 value type 2\n"
+     "refused: 2 of 3 validation calls refused\n"
+     "calls per point: point_1 x 1, point_2 x 1, point_3 x 1\n"},
+    {"--quiet --call=point_1=/config/interface/l3{chatter} ok ok", "", 0,
+     "accepted: 3 validation calls, none refused\n"
+     "calls per point: point_1 x 2, point_2 x 1\n"},
     // A death ends the run, --keep-going or not; the assertion text goes to
     // the report only.
     {"--keep-going ok abort ok",
@@ -80,7 +93,8 @@ const PluginRun kRuns[] = {
      "crashed   point_2  /config/interface/l3{abort}\n"
      "          plug-in crashed: killed by signal 6 (Aborted)\n"
      "          test-plugin: point_2: Assertion `(&keypath->v[3][0])->type == C_BUF' failed.\n"
-     "plug-in crashed: 1 of 3 validation calls crashed, 0 refused, 1 not run\n",
+     "plug-in crashed: 1 of 3 validation calls crashed, 0 refused, 1 not run\n"
+     "calls per point: point_1 x 1, point_2 x 1\n",
      {},
      {"Assertion"}},
     // A call past the timeout is killed and reported as that call's crash,
@@ -90,7 +104,8 @@ const PluginRun kRuns[] = {
      "crashed   point_2  /config/interface/l3{hang}\n"
      "          plug-in crashed: timed out after 1 s\n"
      "          test-plugin: point_2 waits forever\n"
-     "plug-in crashed: 1 of 3 validation calls crashed, 0 refused, 1 not run\n"},
+     "plug-in crashed: 1 of 3 validation calls crashed, 0 refused, 1 not run\n"
+     "calls per point: point_1 x 1, point_2 x 1\n"},
     {"throw-int ok", "", 3,
      "crashed   point_1  /config/interface/l3{throw-int}\n"
      "          plug-in crashed: exception int\n"
@@ -139,6 +154,29 @@ const PluginRun kRuns[] = {
      R"("crash": {"cause": "exception std::out_of_range","detail": "stoul"}},)"
      R"({"entry_point": "validate","point": "point_3","keypath": "/config/interface/l3{refuse}",)"
      R"("verdict": "refused","result": -1,"text": "point_3 call 3 value type 2"}]})"},
+    // The same run as JUnit XML, whole: markup characters as entities, line
+    // breaks and tabs as character references, the control character XML
+    // cannot carry and the byte that is not UTF-8 escaped visibly.
+    {"--keep-going --format=junit ok escapes throw refuse", "", 3,
+     "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+     "<testsuite name=\"ipapp-validate\" tests=\"4\" failures=\"2\" errors=\"1\">\n"
+     "  <properties>\n"
+     "    <property name=\"summary\" "
+     "value=\"plug-in crashed: 1 of 4 validation calls crashed, 2 refused\"/>\n"
+     "  </properties>\n"
+     "  <testcase name=\"point_1\" classname=\"/config/interface/l3{ok}\"/>\n"
+     "  <testcase name=\"point_2\" classname=\"/config/interface/l3{escapes}\">\n"
+     "    <failure message=\"q&quot; b\\\\ t&#9; n&#10; c\\x01 p%s u\xC3\xBC x\\xFF\" "
+     "type=\"refused\"/>\n"
+     "  </testcase>\n"
+     "  <testcase name=\"point_3\" classname=\"/config/interface/l3{throw}\">\n"
+     "    <error message=\"plug-in crashed: exception std::out_of_range\" "
+     "type=\"crash\">stoul</error>\n"
+     "  </testcase>\n"
+     "  <testcase name=\"point_4\" classname=\"/config/interface/l3{refuse}\">\n"
+     "    <failure message=\"point_4 call 4 value type 2\" type=\"refused\"/>\n"
+     "  </testcase>\n"
+     "</testsuite>\n"},
 };
 
 TEST(Tool, VerdictReportAndStatus) {
@@ -204,14 +242,49 @@ TEST(Tool, TextReportRowsAreOneLineEach) {
     EXPECT_EQ(run.out.find("\nb}"), std::string::npos) << run.out;
 }
 
+// The refused example as a CI test-report reader gets it, whole: every fired
+// point a test case, the refusal a failure with the plug-in's text.
+TEST(Tool, JunitReportOfTheRefusedExample) {
+    const ToolRun run =
+        RunIpappValidate({"--running", EXAMPLES_DIR "/running.xml", "--format=junit", "--no-debug",
+                          EXAMPLES_DIR "/candidate-refused.xml"});
+    EXPECT_EQ(run.status, 1);
+    const std::string ra = "/config/interface/l3{20}/ipv6/nd/ra";
+    EXPECT_EQ(
+        run.out,
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+        "<testsuite name=\"ipapp-validate\" tests=\"8\" failures=\"1\" errors=\"0\">\n"
+        "  <properties>\n"
+        "    <property name=\"summary\" value=\"refused: 1 of 8 validation calls refused\"/>\n"
+        "  </properties>\n"
+        "  <testcase name=\"intf_l3_name_validation\" classname=\"/config/interface/l3\"/>\n"
+        "  <testcase name=\"intf_vrf_validation\" classname=\"/config/interface/l3\"/>\n"
+        "  <testcase name=\"ipv4_addr_validation\" classname=\"/config/interface/l3\"/>\n"
+        "  <testcase name=\"ipv4_addr_prot_cross_validation\" "
+        "classname=\"/config/interface/l3\"/>\n"
+        "  <testcase name=\"ipv6_addr_validation\" classname=\"/config/interface/l3\"/>\n"
+        "  <testcase name=\"static_route_l3_intf_validation\" "
+        "classname=\"/config/interface/l3\"/>\n"
+        "  <testcase name=\"validate_ipv6_nd_ra_interval\" classname=\"" +
+            ra +
+            "\"/>\n"
+            "  <testcase name=\"validate_ipv6_nd_ra_lifetime\" classname=\"" +
+            ra +
+            "\">\n"
+            "    <failure message=\"Lifetime must be greater than maximum router "
+            "advertisement interval\" type=\"refused\"/>\n"
+            "  </testcase>\n"
+            "</testsuite>\n");
+}
+
 TEST(Tool, HelpPointListsAndTiming) {
     const struct {
         std::vector<std::string> arguments;
         std::vector<const char*> fragments;
     } cases[] = {
         {{"--help"},
-         {"Usage: ipapp-validate", "--running FILE", "--keep-going", "--format text|json",
-          "--call POINT=KEYPATH", "--list-points", "--log FILE", "--timeout SECONDS",
+         {"Usage: ipapp-validate", "--running FILE", "--keep-going", "--format text|json|junit",
+          "--quiet", "--call POINT=KEYPATH", "--list-points", "--log FILE", "--timeout SECONDS",
           "Exit status: 0"}},
         {{"--list-points"},
          {"validate_ipv6_nd_ra_lifetime", "intf_l3_name_validation",

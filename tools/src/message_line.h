@@ -16,6 +16,9 @@ constexpr size_t kMaxMessageLineBytes = 400;
 // and bytes that are not UTF-8 as \n, \r, \t or \xNN, a backslash as \\.
 std::string Printable(std::string_view text);
 
+// Printable(text), except that line breaks and tabs stay as they are.
+std::string PrintableLines(std::string_view text);
+
 // Printable(text), cut after kMaxMessageLineBytes on a character boundary.
 std::string MessageLine(std::string_view text);
 

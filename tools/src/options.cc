@@ -43,7 +43,10 @@ OutputFormat ParseFormat(const std::string& value) {
     if (value == "json") {
         return OutputFormat::json;
     }
-    throw UsageError("--format takes text or json, not '" + value + "'");
+    if (value == "junit") {
+        return OutputFormat::junit;
+    }
+    throw UsageError("--format takes text, json or junit, not '" + value + "'");
 }
 
 ExplicitCall ParseCall(const std::string& value) {
@@ -108,8 +111,13 @@ const std::vector<OptionDefinition>& OptionTable() {
          "kill a plug-in call that has not returned after SECONDS and report it as crashed "
          "(default: 60)",
          [](Options& o, const std::string& v) { o.call_timeout = ParseTimeout(v); }},
-        {"format", "text|json", "the report's form (default: text)",
+        {"format", "text|json|junit",
+         "the report's form: text, one JSON document, or one JUnit XML document with a test "
+         "case per validation call (default: text)",
          [](Options& o, const std::string& v) { o.format = ParseFormat(v); }},
+        {"quiet", nullptr,
+         "list only the refused and crashed calls, then the summary (text report only)",
+         [](Options& o, const std::string&) { o.quiet = true; }},
         {"list-points", nullptr, "list the model's validation points and their rules, then exit",
          [](Options& o, const std::string&) { o.list_points = true; }},
         {"max-input-size", "SIZE",
@@ -140,6 +148,12 @@ const OptionDefinition& FindOption(const std::string& name) {
 }
 
 void CheckCombination(const Options& options) {
+    if (options.quiet && options.format != OutputFormat::text) {
+        throw UsageError("--quiet applies to the text report only");
+    }
+    if (options.list_points && options.format == OutputFormat::junit) {
+        throw UsageError("--list-points has no JUnit form: use text or json");
+    }
     if (options.help || options.version || options.list_points) {
         return;
     }

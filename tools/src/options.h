@@ -14,7 +14,7 @@
 
 namespace ipapp_validate {
 
-enum class OutputFormat { text, json };
+enum class OutputFormat { text, json, junit };
 
 // One validation call asked for by name and keypath (--call POINT=KEYPATH).
 struct ExplicitCall {
@@ -35,6 +35,7 @@ struct Options {
     OutputFormat format = OutputFormat::text;
     bool all = false;
     bool keep_going = false;
+    bool quiet = false;  // the text report lists only refused and crashed calls
     bool list_points = false;
     bool timing = false;
     bool debug = true;

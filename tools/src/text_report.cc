@@ -1,6 +1,8 @@
 #include <algorithm>
 #include <cstdio>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "message_line.h"
 #include "report.h"
@@ -47,18 +49,53 @@ void WriteCall(const CallReport& call, size_t label_width, std::ostream& out) {
     }
 }
 
+bool Shown(const CallReport& call, Rows rows) {
+    return rows == Rows::all || call.verdict != Verdict::accepted;
+}
+
+// How many validate calls each point had, in the order the points first
+// ran; only when more than one point ran, as the summary's count says the
+// rest.
+void WriteCallsPerPoint(const RunReport& report, std::ostream& out) {
+    std::vector<std::pair<std::string, size_t>> counts;
+    for (const CallReport& call : report.calls) {
+        if (call.stage != Stage::validate) {
+            continue;
+        }
+        const auto same_point = [&](const auto& count) { return count.first == call.point; };
+        const auto found = std::find_if(counts.begin(), counts.end(), same_point);
+        if (found == counts.end()) {
+            counts.emplace_back(call.point, 1);
+        } else {
+            ++found->second;
+        }
+    }
+    if (counts.size() < 2) {
+        return;
+    }
+    out << "calls per point:";
+    for (size_t i = 0; i < counts.size(); ++i) {
+        out << (i == 0 ? " " : ", ") << Printable(counts[i].first) << " x " << counts[i].second;
+    }
+    out << '\n';
+}
+
 }  // namespace
 
-void WriteTextReport(const RunReport& report, const std::optional<Timing>& timing,
+void WriteTextReport(const RunReport& report, const std::optional<Timing>& timing, Rows rows,
                      std::ostream& out) {
     size_t label_width = 0;
     for (const CallReport& call : report.calls) {
-        label_width = std::max(label_width, Label(call).size() + 2);
+        label_width =
+            Shown(call, rows) ? std::max(label_width, Label(call).size() + 2) : label_width;
     }
     for (const CallReport& call : report.calls) {
-        WriteCall(call, label_width, out);
+        if (Shown(call, rows)) {
+            WriteCall(call, label_width, out);
+        }
     }
     out << report.Summary() << '\n';
+    WriteCallsPerPoint(report, out);
     if (timing) {
         char line[128];
         std::snprintf(line, sizeof line, "time: %.1f ms in all, %.1f ms in the plug-in\n",

@@ -86,8 +86,10 @@ void WriteReport(const Options& options, const RunReport& report, Clock::time_po
     std::ostringstream out;
     if (options.format == OutputFormat::json) {
         WriteJsonReport(report, timing, out);
+    } else if (options.format == OutputFormat::junit) {
+        WriteJunitReport(report, timing, out);
     } else {
-        WriteTextReport(report, timing, out);
+        WriteTextReport(report, timing, options.quiet ? Rows::problems : Rows::all, out);
     }
     WriteStdout(out.str());
 }
