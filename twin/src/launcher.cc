@@ -16,6 +16,7 @@
 
 #include "bundled_files.h"
 #include "launcher_options.h"
+#include "message_line.h"
 #include "model_modules.h"
 #include "plugin_library.h"
 #include "server_process.h"
@@ -43,7 +44,7 @@ class ServerFailure : public std::runtime_error {
 };
 
 void ErrorLine(const std::string& message) {
-    std::fprintf(stderr, "ipapp-netconfd: %s\n", message.c_str());
+    std::fprintf(stderr, "ipapp-netconfd: %s\n", ipapp_validate::MessageLine(message).c_str());
 }
 
 struct Files {
