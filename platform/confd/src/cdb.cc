@@ -2,6 +2,7 @@
 #include <memory>
 
 #include "agent.h"
+#include "call_trace.h"
 #include "confd_cdb.h"
 #include "error_state.h"
 #include "reads.h"
@@ -24,56 +25,64 @@ std::shared_ptr<const Tree> session_tree(int sock) {
 extern "C" {
 
 int cdb_connect(int sock, enum cdb_sock_type type, const struct sockaddr* srv, int srv_sz) {
+    confd::detail::CallTrace trace("cdb_connect");
     if (type != CDB_READ_SOCKET && type != CDB_DATA_SOCKET) {
-        return confd::detail::fail(CONFD_ERR_PROTOUSAGE,
-                                   "cdb_connect: only read and data sockets are supported");
+        return trace.returned(confd::detail::fail(
+            CONFD_ERR_PROTOUSAGE, "cdb_connect: only read and data sockets are supported"));
     }
-    return confd::detail::connect_socket(sock, SocketKind::cdb, srv, srv_sz);
+    return trace.returned(confd::detail::connect_socket(sock, SocketKind::cdb, srv, srv_sz));
 }
 
 int cdb_close(int sock) {
-    return confd::detail::close_socket(sock, SocketKind::cdb);
+    confd::detail::CallTrace trace("cdb_close");
+    return trace.returned(confd::detail::close_socket(sock, SocketKind::cdb));
 }
 
 int cdb_start_session(int sock, enum cdb_db_type db) {
-    return confd::detail::start_cdb_session(sock, db);
+    confd::detail::CallTrace trace("cdb_start_session");
+    return trace.returned(confd::detail::start_cdb_session(sock, db));
 }
 
 int cdb_end_session(int sock) {
-    return confd::detail::end_cdb_session(sock);
+    confd::detail::CallTrace trace("cdb_end_session");
+    return trace.returned(confd::detail::end_cdb_session(sock));
 }
 
 int cdb_exists(int sock, const char* fmt, ...) {
+    confd::detail::CallTrace trace("cdb_exists", fmt);
     va_list args;
     va_start(args, fmt);
     const int result = on_tree(session_tree(sock), [&](const Tree& tree) {
         return confd::detail::read_exists("cdb_exists", tree, fmt, args);
     });
     va_end(args);
-    return result;
+    return trace.returned_number(result);
 }
 
 int cdb_num_instances(int sock, const char* fmt, ...) {
+    confd::detail::CallTrace trace("cdb_num_instances", fmt);
     va_list args;
     va_start(args, fmt);
     const int result = on_tree(session_tree(sock), [&](const Tree& tree) {
         return confd::detail::read_num_instances("cdb_num_instances", tree, fmt, args);
     });
     va_end(args);
-    return result;
+    return trace.returned_number(result);
 }
 
 int cdb_get(int sock, confd_value_t* v, const char* fmt, ...) {
+    confd::detail::CallTrace trace("cdb_get", fmt);
     va_list args;
     va_start(args, fmt);
     const int result = on_tree(session_tree(sock), [&](const Tree& tree) {
         return confd::detail::read_copy("cdb_get", tree, v, fmt, args);
     });
     va_end(args);
-    return result;
+    return trace.returned(result);
 }
 
 int cdb_get_int32(int sock, int32_t* rval, const char* fmt, ...) {
+    confd::detail::CallTrace trace("cdb_get_int32", fmt);
     va_list args;
     va_start(args, fmt);
     const int result = on_tree(session_tree(sock), [&](const Tree& tree) {
@@ -81,7 +90,7 @@ int cdb_get_int32(int sock, int32_t* rval, const char* fmt, ...) {
                                          rval, fmt, args);
     });
     va_end(args);
-    return result;
+    return trace.returned(result);
 }
 
 }  // extern "C"

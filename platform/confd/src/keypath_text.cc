@@ -11,14 +11,6 @@ bool is_tag(const confd_value_t& value) {
            value.type == C_XMLBEGINDEL;
 }
 
-std::string keys_text(const confd_value_t* keys) {
-    std::string text = "{";
-    for (int k = 0; k < MAXKEYLEN && keys[k].type != C_NOEXISTS; ++k) {
-        text += (k == 0 ? "" : " ") + confd::detail::key_text(keys[k]);
-    }
-    return text + "}";
-}
-
 // The first `levels` elements of the path, from the root.
 std::string keypath_text(const confd_hkeypath_t& hkp, int levels) {
     const int len = hkp.len < 0 ? 0 : (hkp.len > MAXDEPTH ? MAXDEPTH : hkp.len);
@@ -26,7 +18,8 @@ std::string keypath_text(const confd_hkeypath_t& hkp, int levels) {
     std::string text;
     for (int i = len - 1; i >= stop; --i) {
         const confd_value_t* level = hkp.v[i];
-        text += is_tag(level[0]) ? "/" + confd::detail::value_text(level[0]) : keys_text(level);
+        text += is_tag(level[0]) ? "/" + confd::detail::value_text(level[0])
+                                 : confd::detail::keys_text(level);
     }
     return text;
 }

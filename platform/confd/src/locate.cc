@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "call_trace.h"
 #include "error_state.h"
 #include "key_order.h"
 #include "schema_path.h"
@@ -42,6 +43,9 @@ int parse_request(const char* fmt, va_list args, PathRequest& request) {
     if (!format_path(fmt, args, request.formatted, error) ||
         !parse_path(request.formatted.text, request.formatted.values, request.steps, error)) {
         return fail(CONFD_ERR_BADPATH, "bad path: " + error);
+    }
+    if (CallTrace* call = CallTrace::current()) {
+        call->set_path(normalized_path(request.steps));
     }
     return CONFD_OK;
 }

@@ -7,11 +7,13 @@
 #include <vector>
 
 #include "agent.h"
+#include "call_trace.h"
 #include "confd_maapi.h"
 #include "error_state.h"
 #include "fault_injection.h"
 #include "locate.h"
 #include "typed_value.h"
+#include "value_text.h"
 
 namespace {
 
@@ -94,23 +96,8 @@ int load_keys(maapi_cursor* mc, CursorState& state, const lyd_node* entry) {
     return CONFD_OK;
 }
 
-}  // namespace
-
-extern "C" {
-
-int maapi_init_cursor(int sock, int thandle, struct maapi_cursor* mc, const char* fmt, ...) {
-    if (mc == nullptr) {
-        return confd::detail::null_result();
-    }
-    reset(mc, sock, thandle);
-    va_list args;
-    va_start(args, fmt);
-    const int result = open_cursor(sock, thandle, mc, fmt, args);
-    va_end(args);
-    return result;
-}
-
-int maapi_get_next(struct maapi_cursor* mc) {
+// maapi_get_next, untraced.
+int step(maapi_cursor* mc) {
     if (mc == nullptr) {
         return confd::detail::null_result();
     }
@@ -127,6 +114,36 @@ int maapi_get_next(struct maapi_cursor* mc) {
         return CONFD_OK;
     }
     return load_keys(mc, *state, (*state->entries)[state->next++]);
+}
+
+}  // namespace
+
+extern "C" {
+
+int maapi_init_cursor(int sock, int thandle, struct maapi_cursor* mc, const char* fmt, ...) {
+    confd::detail::CallTrace trace("maapi_init_cursor", fmt);
+    if (mc == nullptr) {
+        return trace.returned(confd::detail::null_result());
+    }
+    reset(mc, sock, thandle);
+    va_list args;
+    va_start(args, fmt);
+    const int result = open_cursor(sock, thandle, mc, fmt, args);
+    va_end(args);
+    return trace.returned(result);
+}
+
+int maapi_get_next(struct maapi_cursor* mc) {
+    confd::detail::CallTrace trace("maapi_get_next");
+    const int result = step(mc);
+    const CursorState* state = mc != nullptr ? state_of(mc) : nullptr;
+    if (trace.on() && state != nullptr) {
+        trace.set_path(state->path);
+        if (result == CONFD_OK) {
+            trace.set_outcome(mc->n == 0 ? "end" : confd::detail::keys_text(mc->keys));
+        }
+    }
+    return trace.returned(result);
 }
 
 void maapi_destroy_cursor(struct maapi_cursor* mc) {

@@ -3,8 +3,10 @@
  * transaction against running (tree_diff.h), as keypaths from the root.
  */
 #include <optional>
+#include <string>
 
 #include "agent.h"
+#include "call_trace.h"
 #include "confd_maapi.h"
 #include "error_state.h"
 #include "fault_injection.h"
@@ -31,6 +33,32 @@ enum maapi_iter_op mop_of(confd::detail::DiffOp op) {
     return MOP_VALUE_SET;
 }
 
+const char* mop_name(enum maapi_iter_op op) {
+    switch (op) {
+        case MOP_CREATED:
+            return "MOP_CREATED";
+        case MOP_DELETED:
+            return "MOP_DELETED";
+        case MOP_MODIFIED:
+            return "MOP_MODIFIED";
+        default:
+            return "MOP_VALUE_SET";
+    }
+}
+
+// A change as the trace reports it: "MOP_VALUE_SET /a/b{k}/c "text"".
+std::string change_text(const confd_hkeypath_t& hkp, enum maapi_iter_op op,
+                        const confd_value_t* newv) {
+    std::string text = std::string(mop_name(op)) + " ";
+    std::string path(static_cast<size_t>(confd_pp_kpath(nullptr, 0, &hkp)), '\0');
+    confd_pp_kpath(path.data(), static_cast<int>(path.size()) + 1, &hkp);
+    text += path;
+    if (newv != nullptr && newv->type != C_NOEXISTS) {
+        text += " " + confd::detail::traced_value(*newv);
+    }
+    return text;
+}
+
 confd::detail::DiffStep step_of(enum maapi_iter_ret ret) {
     switch (ret) {
         case ITER_RECURSE:
@@ -46,8 +74,9 @@ confd::detail::DiffStep step_of(enum maapi_iter_ret ret) {
 
 class Iteration {
   public:
-    Iteration(const confd::detail::Schema& schema, IterFunction iter, void* state)
-        : schema_(schema), iter_(iter), state_(state) {}
+    Iteration(const confd::detail::Schema& schema, IterFunction iter, void* state,
+              const confd::detail::CallTrace& trace)
+        : schema_(schema), iter_(iter), state_(state), trace_(trace) {}
 
     confd::detail::DiffStep operator()(const confd::detail::DiffEvent& event) {
         const auto keypath = confd::detail::keypath_of_node(schema_, event.node);
@@ -61,9 +90,11 @@ class Iteration {
         if (value) {
             newv = value->view();
         }
-        const enum maapi_iter_ret ret =
-            iter_(&hkp, mop_of(event.op), nullptr,
-                  event.op == confd::detail::DiffOp::value_set ? &newv : nullptr, state_);
+        confd_value_t* given = event.op == confd::detail::DiffOp::value_set ? &newv : nullptr;
+        if (trace_.on()) {
+            trace_.handed(change_text(hkp, mop_of(event.op), given));
+        }
+        const enum maapi_iter_ret ret = iter_(&hkp, mop_of(event.op), nullptr, given, state_);
         suspended_ = ret == ITER_SUSPEND;
         return step_of(ret);
     }
@@ -74,6 +105,7 @@ class Iteration {
     const confd::detail::Schema& schema_;
     IterFunction iter_;
     void* state_;
+    const confd::detail::CallTrace& trace_;
     bool suspended_ = false;
 };
 
@@ -109,8 +141,9 @@ int walk(const confd::detail::TransactionView& view, const confd::detail::PathRe
     return CONFD_OK;
 }
 
-int iterate(int sock, int thandle, IterFunction iter, void* initstate, const char* call,
-            const char* fmtpath, va_list* args) {
+int iterate(int sock, int thandle, IterFunction iter, void* initstate,
+            const confd::detail::CallTrace& trace, const char* call, const char* fmtpath,
+            va_list* args) {
     if (iter == nullptr) {
         return confd::detail::fail(CONFD_ERR_PROTOUSAGE, "diff_iterate: no iterator function");
     }
@@ -123,7 +156,7 @@ int iterate(int sock, int thandle, IterFunction iter, void* initstate, const cha
                                confd::detail::injected_fault(call, request.steps) != CONFD_OK)) {
         return CONFD_ERR;
     }
-    Iteration iteration(view.tree->schema(), iter, initstate);
+    Iteration iteration(view.tree->schema(), iter, initstate, trace);
     try {
         if (walk(view, fmtpath != nullptr ? &request : nullptr, iteration) != CONFD_OK) {
             return CONFD_ERR;
@@ -144,19 +177,23 @@ extern "C" {
 
 int maapi_keypath_diff_iterate(int sock, int thandle, IterFunction iter, int /*flags*/,
                                void* initstate, const char* fmtpath, ...) {
+    const char* call = "maapi_keypath_diff_iterate";
+    confd::detail::CallTrace trace(call, fmtpath);
     if (fmtpath == nullptr) {
-        return confd::detail::fail(CONFD_ERR_BADPATH, "keypath_diff_iterate: no path");
+        return trace.returned(
+            confd::detail::fail(CONFD_ERR_BADPATH, "keypath_diff_iterate: no path"));
     }
     va_list args;
     va_start(args, fmtpath);
-    const int result =
-        iterate(sock, thandle, iter, initstate, "maapi_keypath_diff_iterate", fmtpath, &args);
+    const int result = iterate(sock, thandle, iter, initstate, trace, call, fmtpath, &args);
     va_end(args);
-    return result;
+    return trace.returned(result);
 }
 
 int maapi_diff_iterate(int sock, int thandle, IterFunction iter, int /*flags*/, void* initstate) {
-    return iterate(sock, thandle, iter, initstate, "maapi_diff_iterate", nullptr, nullptr);
+    const char* call = "maapi_diff_iterate";
+    confd::detail::CallTrace trace(call);
+    return trace.returned(iterate(sock, thandle, iter, initstate, trace, call, nullptr, nullptr));
 }
 
 }  // extern "C"

@@ -16,6 +16,7 @@
 #include <string>
 
 #include "agent.h"
+#include "call_trace.h"
 #include "confd_maapi.h"
 #include "error_state.h"
 #include "fault_injection.h"
@@ -113,9 +114,16 @@ int eval_expr(int sock, int thandle, const char* expr, char** res, void (*trace)
 
 extern "C" int maapi_xpath_eval_expr(int sock, int thandle, const char* expr, char** res,
                                      void (*trace)(char*), const char* fmtpath, ...) {
+    confd::detail::CallTrace call("maapi_xpath_eval_expr", fmtpath);
+    if (call.on() && expr != nullptr) {
+        call.set_argument(expr);
+    }
     va_list args;
     va_start(args, fmtpath);
     const int result = eval_expr(sock, thandle, expr, res, trace, fmtpath, &args);
     va_end(args);
-    return result;
+    if (call.on() && result == CONFD_OK) {
+        call.set_outcome('"' + std::string(*res) + '"');
+    }
+    return call.returned(result);
 }

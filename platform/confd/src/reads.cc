@@ -1,5 +1,6 @@
 #include "reads.h"
 
+#include "call_trace.h"
 #include "error_state.h"
 #include "fault_injection.h"
 #include "locate.h"
@@ -68,6 +69,9 @@ int read_elem(const char* call, const Tree& tree, TypedValue& value, const char*
                                            ": the value's type has no ConfD representation");
     }
     value = std::move(*read);
+    if (CallTrace* call = CallTrace::current()) {
+        call->set_outcome(traced_value(value.view()));
+    }
     return CONFD_OK;
 }
 

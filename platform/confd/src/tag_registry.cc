@@ -3,6 +3,7 @@
 #include <mutex>
 #include <unordered_map>
 
+#include "call_trace.h"
 #include "confd_lib.h"
 
 namespace confd::detail {
@@ -55,17 +56,27 @@ std::optional<uint32_t> tag_hash(const std::string& name) {
 extern "C" {
 
 u_int32_t confd_str2hash(const char* str) {
-    if (str == nullptr) {
-        return 0;
+    confd::detail::CallTrace trace("confd_str2hash");
+    const u_int32_t hash = str != nullptr ? confd::detail::tag_hash(str).value_or(0) : 0;
+    if (trace.on()) {
+        trace.set_argument(str != nullptr ? str : "");
+        trace.set_outcome(std::to_string(hash));
     }
-    return confd::detail::tag_hash(str).value_or(0);
+    trace.returned(CONFD_OK);
+    return hash;
 }
 
 char* confd_hash2str(u_int32_t hash) {
     // The text lives in a per-thread buffer until the next call, as a C
     // caller cannot own a std::string.
     thread_local std::string text;
+    confd::detail::CallTrace trace("confd_hash2str");
     auto name = confd::detail::tag_name(hash);
+    if (trace.on()) {
+        trace.set_argument(std::to_string(hash));
+        trace.set_outcome(name ? '"' + *name + '"' : "NULL");
+    }
+    trace.returned(CONFD_OK);
     if (!name) {
         return nullptr;
     }

@@ -2,7 +2,9 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 
+#include "call_trace.h"
 #include "confd_lib.h"
 
 namespace {
@@ -36,10 +38,15 @@ void set_error(confd_trans_ctx* tctx, const char* fmt, va_list args) {
 extern "C" {
 
 void confd_trans_seterr(confd_trans_ctx* tctx, const char* fmt, ...) {
+    confd::detail::CallTrace trace("confd_trans_seterr");
     va_list args;
     va_start(args, fmt);
     set_error(tctx, fmt, args);
     va_end(args);
+    if (trace.on() && tctx != nullptr && tctx->error.str != nullptr) {
+        trace.set_outcome('"' + std::string(tctx->error.str) + '"');
+    }
+    trace.returned(CONFD_OK);
 }
 
 void confd_trans_clear_err(confd_trans_ctx* tctx) {

@@ -125,6 +125,14 @@ std::string key_text(const confd_value_t& value) {
     return quoted + "\"";
 }
 
+std::string keys_text(const confd_value_t* keys) {
+    std::string text = "{";
+    for (int k = 0; k < MAXKEYLEN && keys[k].type != C_NOEXISTS; ++k) {
+        text += (k == 0 ? "" : " ") + key_text(keys[k]);
+    }
+    return text + "}";
+}
+
 int copy_out(char* buf, int bufsiz, const std::string& text) {
     if (buf != nullptr && bufsiz > 0) {
         const size_t room = static_cast<size_t>(bufsiz) - 1;

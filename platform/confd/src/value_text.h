@@ -18,6 +18,10 @@ std::string value_text(const confd_value_t& value);
 // a brace or a quote, so that a path parser reads it back as one key.
 std::string key_text(const confd_value_t& value);
 
+// The keys of one list entry as a path writes them, "{k1 k2}": up to the
+// first C_NOEXISTS or MAXKEYLEN keys.
+std::string keys_text(const confd_value_t* keys);
+
 // Bytes as lower-case hexadecimal octets joined by ':' ("0a:00:00:01").
 std::string hex_octets(const unsigned char* bytes, size_t size);
 
