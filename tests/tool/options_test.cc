@@ -30,6 +30,7 @@ std::string NonDefaults(const Options& o) {
     add(o.list_points, "list-points");
     add(o.timing, "timing");
     add(!o.debug, "no-debug");
+    add(o.trace, "trace");
     add(o.call_timeout != kDefaultCallTimeout, "timeout=" + std::to_string(o.call_timeout.count()));
     add(o.help, "help");
     add(o.version, "version");
@@ -54,8 +55,8 @@ TEST(Options, AcceptedOrRefusedWithTheReason) {
         {{"--running", "r.json", "--candidate=c.xml", "--yang=y", "--plugin", "p.so", "--log=l",
           "--format", "json"},
          "yang=y running=r.json candidate=c.xml plugin=p.so log=l json"},
-        {{"--all", "--keep-going", "--no-debug", "--timing", "--format=text", "c.xml"},
-         "candidate=c.xml all keep-going timing no-debug"},
+        {{"--all", "--keep-going", "--no-debug", "--trace", "--timing", "--format=text", "c.xml"},
+         "candidate=c.xml all keep-going timing no-debug trace"},
         {{"--format=junit", "c.xml"}, "candidate=c.xml junit"},
         {{"--quiet", "c.xml"}, "candidate=c.xml quiet"},
         {{"--timeout", "1", "c.xml"}, "candidate=c.xml timeout=1"},

@@ -133,6 +133,16 @@ const PluginRun kRuns[] = {
      {"fault: tests/tool/test_plugin:",
       ": validate: a fault report (code 0)\ndebug: a debug line from point_1\nprinted to "
       "stdout\n"}},
+    // --trace: the call of validate, then the plug-in's API calls, each a
+    // line whose data is escaped; the report is the same as without.
+    {"--trace escapes",
+     "",
+     1,
+     "refused   point_1  /config/interface/l3{escapes}\n"
+     "          q\" b\\ t\t n\n           c\x01 p%s u\xC3\xBC x\xFF\n"
+     "refused: 1 of 1 validation calls refused\n",
+     {"trace: validate /config/interface/l3{escapes} point_1 -> l3\n"
+      "trace: confd_trans_seterr => \"q\" b\\\\ t\\t n\\n c\\x01 p%s u\xC3\xBC x\\xFF\"\n"}},
     {"--no-debug chatter",
      "",
      0,
@@ -243,12 +253,23 @@ TEST(Tool, TextReportRowsAreOneLineEach) {
 }
 
 // The refused example as a CI test-report reader gets it, whole: every fired
-// point a test case, the refusal a failure with the plug-in's text.
+// point a test case, the refusal a failure with the plug-in's text. The
+// trace of the plug-in's calls changes nothing of it.
 TEST(Tool, JunitReportOfTheRefusedExample) {
     const ToolRun run =
         RunIpappValidate({"--running", EXAMPLES_DIR "/running.xml", "--format=junit", "--no-debug",
                           EXAMPLES_DIR "/candidate-refused.xml"});
+    const ToolRun traced =
+        RunIpappValidate({"--running", EXAMPLES_DIR "/running.xml", "--format=junit", "--no-debug",
+                          "--trace", EXAMPLES_DIR "/candidate-refused.xml"});
     EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(traced.status, run.status);
+    EXPECT_EQ(traced.out, run.out);
+    EXPECT_EQ(run.err, "");
+    EXPECT_NE(traced.err.find("\ntrace: maapi_get_u_int16_elem "
+                              "/config/interface/l3{20}/ipv6/nd/ra/lifetime => 300\n"),
+              std::string::npos)
+        << traced.err;
     const std::string ra = "/config/interface/l3{20}/ipv6/nd/ra";
     EXPECT_EQ(
         run.out,

@@ -4,7 +4,8 @@ namespace ipapp_validate {
 namespace {
 
 bool IsLogLine(const std::string& line) {
-    return line.compare(0, 7, "fault: ") == 0 || line.compare(0, 7, "debug: ") == 0;
+    return line.compare(0, 7, "fault: ") == 0 || line.compare(0, 7, "debug: ") == 0 ||
+           line.compare(0, 7, "trace: ") == 0;
 }
 
 void WriteLine(FILE* log, const std::string& line) {

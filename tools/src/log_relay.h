@@ -1,4 +1,4 @@
-// The child's stderr, line by line: fault reports and debug lines go on to
+// The child's stderr, line by line: fault reports, debug and trace lines go on to
 // the log at once; anything else the plug-in printed (an assertion message,
 // stray output) is held back, to become the crash report or, after a clean
 // run, to follow the log lines.
@@ -20,7 +20,7 @@ class LogRelay {
     // Ends an unterminated last line.
     void Finish();
 
-    // The lines that were neither fault reports nor debug lines.
+    // The lines that were not fault reports, debug or trace lines.
     const std::vector<std::string>& other_lines() const { return other_lines_; }
     // Writes them to the log.
     void ReleaseOtherLines();

@@ -124,10 +124,14 @@ const std::vector<OptionDefinition>& OptionTable() {
          "refuse a configuration file longer than SIZE bytes (K, M, G: KiB, MiB, GiB; "
          "default: 512M)",
          [](Options& o, const std::string& v) { o.max_input_size = ParseSize(v); }},
-        {"log", "FILE", "append fault reports and debug lines to FILE instead of stderr",
+        {"log", "FILE", "append fault reports, debug and trace lines to FILE instead of stderr",
          [](Options& o, const std::string& v) { SetOnce(o.log_file, v, "log"); }},
         {"no-debug", nullptr, "leave out the plug-in's debug lines",
          [](Options& o, const std::string&) { o.debug = false; }},
+        {"trace", nullptr,
+         "log every ConfD API call the plug-in makes, a \"trace: \" line each: the function, "
+         "the path, the result (the value, or the error code and text)",
+         [](Options& o, const std::string&) { o.trace = true; }},
         {"timing", nullptr, "add the time spent in the tool and in the plug-in to the report",
          [](Options& o, const std::string&) { o.timing = true; }},
         {"help", nullptr, "show this help and exit",
@@ -222,8 +226,9 @@ std::string HelpText() {
         text << head << "\n      " << option.help << "\n";
     }
     text << "  -h  the same as --help\n"
-            "\nFault reports (\"fault: \") and debug lines (\"debug: \") of the plug-in go to\n"
-            "stderr or the --log file, never into the report on stdout.\n"
+            "\nFault reports (\"fault: \"), debug lines (\"debug: \") and trace lines\n"
+            "(\"trace: \") of the plug-in go to stderr or the --log file, in the order the\n"
+            "plug-in made them, never into the report on stdout.\n"
             "\nExit status: 0 accepted, 1 refused, 2 bad usage, bad input or a failure of\n"
             "the tool itself (out of memory), 3 the plug-in crashed (an assertion, a\n"
             "signal, an exception out of validate or a call that ran past --timeout).\n";

@@ -39,6 +39,7 @@ struct Options {
     bool list_points = false;
     bool timing = false;
     bool debug = true;
+    bool trace = false;  // every ConfD API call of the plug-in, a line each on the log
     bool help = false;
     bool version = false;
 };

@@ -20,9 +20,10 @@ namespace ipapp_validate {
 struct PluginRunSettings {
     bool keep_going = false;  // every planned call, not only up to the first refusal
     bool debug = true;        // the plug-in's debug lines
-    FILE* log = stderr;       // where fault reports and debug lines go
+    FILE* log = stderr;       // where fault reports, debug and trace lines go
     // A call that has not returned by then is killed and reported as crashed.
     std::chrono::seconds call_timeout = kDefaultCallTimeout;
+    bool trace = false;  // a line on the log for each ConfD API call the plug-in makes
 };
 
 // A fresh library context for this run alone: lib_init, the calls, lib_finish.

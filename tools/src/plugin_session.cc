@@ -10,6 +10,7 @@
 #include <typeinfo>
 
 #include "record_codec.h"
+#include "trace_line.h"
 
 namespace ipapp_validate {
 namespace {
@@ -49,6 +50,14 @@ bool WriteAll(int fd, const std::string& bytes) {
         written += static_cast<size_t>(n);
     }
     return true;
+}
+
+// The trace line of a call of validate: the keypath, the point and the new
+// value handed over.
+void TraceValidate(const PlannedCall& call) {
+    char value[256];
+    confd_pp_value(value, sizeof value, &call.new_value);
+    WriteTraceLine({"validate", call.keypath.text(), call.point, value, false});
 }
 
 }  // namespace
@@ -123,6 +132,9 @@ int PluginSession::Validate(uint32_t index, CallRecord& record) {
     // datastore's keypath and value.
     confd_hkeypath_t keypath = call.keypath.get();
     confd_value_t new_value = call.new_value;
+    if (trace_) {
+        TraceValidate(call);
+    }
     const int result = entry_points_.validate(&tctx, &keypath, &new_value);
     record.text = tctx.error.str != nullptr ? tctx.error.str : "";
     return result;

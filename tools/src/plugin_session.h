@@ -17,12 +17,14 @@ namespace ipapp_validate {
 
 class PluginSession {
   public:
+    // trace: a trace line for each call of validate, before the plug-in's own.
     PluginSession(const EntryPoints& entry_points, HostTransaction& transaction,
-                  const CallPlan& plan, bool keep_going)
+                  const CallPlan& plan, bool keep_going, bool trace = false)
         : entry_points_(entry_points),
           transaction_(transaction),
           plan_(plan),
-          keep_going_(keep_going) {}
+          keep_going_(keep_going),
+          trace_(trace) {}
 
     // Makes the calls and writes their records to record_fd. Returns false
     // when the pipe broke (the parent is gone).
@@ -39,6 +41,7 @@ class PluginSession {
     HostTransaction& transaction_;
     const CallPlan& plan_;
     bool keep_going_;
+    bool trace_;
     std::string library_name_;
     void* context_ = nullptr;
 };

@@ -125,9 +125,9 @@ int Validate(const Options& options, Clock::time_point start, Activity& activity
     activity.Start("planning the calls for " + options.candidate_file);
     const CallPlan plan = Plan(options, points, datastore);
     activity.Start("running the plug-in on " + options.candidate_file);
-    const RunReport report =
-        RunPlugin(datastore, plan, plugin,
-                  {options.keep_going, options.debug, log.stream(), options.call_timeout});
+    const RunReport report = RunPlugin(
+        datastore, plan, plugin,
+        {options.keep_going, options.debug, log.stream(), options.call_timeout, options.trace});
     activity.Start("writing the report on " + options.candidate_file);
     WriteReport(options, report, start);
     return ExitCode(report.verdict);
