@@ -45,25 +45,46 @@ std::shared_ptr<const KeypathData> build(Levels levels, const std::string& what)
 }  // namespace
 
 std::shared_ptr<const KeypathData> keypath_of_node(const Schema& schema, const lyd_node* node) {
-    std::vector<const lyd_node*> chain;
+    // Innermost first, as the keypath stores them: a tag per node, and after
+    // it (outwards) the keys of a list entry.
+    size_t depth = 0;
+    size_t count = 0;
     for (const lyd_node* n = node; n != nullptr; n = lyd_parent(n)) {
-        chain.push_back(n);
+        const size_t keys = schema.keys(n->schema).size();
+        depth += keys != 0 ? 2 : 1;
+        count += 1 + keys;
     }
-    Levels levels;
-    for (auto it = chain.rbegin(); it != chain.rend(); ++it) {
-        add_tag(schema, (*it)->schema, levels);
-        if ((*it)->schema->nodetype != LYS_LIST || schema.keys((*it)->schema).empty()) {
-            continue;
-        }
-        std::vector<TypedValue> keys;
-        for (const lysc_node* key : schema.keys((*it)->schema)) {
-            lyd_node* leaf = nullptr;
-            lyd_find_sibling_val(lyd_child(*it), key, nullptr, 0, &leaf);
-            keys.push_back(TypedValue::of_node(leaf).value_or(TypedValue()));
-        }
-        levels.push_back(std::move(keys));
+    if (depth >= MAXDEPTH) {
+        throw confdstore::Error(schema.path(node->schema) + ": too deep for a keypath");
     }
-    return build(std::move(levels), schema.path(node->schema));
+    auto data = std::make_shared<KeypathData>();
+    data->values.reserve(count);
+    data->hkp.len = static_cast<int>(depth);
+    int level = 0;
+    const auto end_level = [&](size_t k) {
+        if (k < MAXKEYLEN) {
+            data->hkp.v[level][k].type = C_NOEXISTS;
+        }
+        ++level;
+    };
+    for (const lyd_node* n = node; n != nullptr; n = lyd_parent(n)) {
+        const auto& key_schemas = schema.keys(n->schema);
+        if (!key_schemas.empty()) {
+            size_t k = 0;
+            for (const lysc_node* key : key_schemas) {
+                lyd_node* leaf = nullptr;
+                lyd_find_sibling_val(lyd_child(n), key, nullptr, 0, &leaf);
+                data->values.push_back(TypedValue::of_node(leaf).value_or(TypedValue()));
+                data->hkp.v[level][k++] = data->values.back().view();
+            }
+            end_level(k);
+        }
+        data->values.push_back(
+            TypedValue::tag(schema.tag(n->schema), schema.ns(n->schema->module)));
+        data->hkp.v[level][0] = data->values.back().view();
+        end_level(1);
+    }
+    return data;
 }
 
 std::shared_ptr<const KeypathData> keypath_of_schema(const Schema& schema, const lysc_node* node) {

@@ -81,6 +81,7 @@ std::shared_ptr<const Schema> Schema::load(const std::string& directory) {
     }
     try {
         schema->tags_ = tag_table(schema->nodes_);
+        schema->index_tags();
         schema->check_value_types();
         schema->points_ = read_validation_points(*schema, schema->nodes_);
     } catch (const confdstore::Error& error) {
@@ -119,21 +120,33 @@ void Schema::check_value_types() const {
             continue;
         }
         const auto* type = value_type_of(reinterpret_cast<const lysc_node_leaf*>(node)->type);
-        const auto declared = type_extension_arguments(type, "value-type");
-        if (!declared.empty() && value_type(node) == C_NOEXISTS) {
-            throw confdstore::Error("unknown value-type '" + declared.front() + "' of " +
+        const char* declared = type_extension_argument(type, "value-type");
+        if (declared != nullptr && value_type(node) == C_NOEXISTS) {
+            throw confdstore::Error("unknown value-type '" + std::string(declared) + "' of " +
                                     path(node));
         }
     }
 }
 
+void Schema::index_tags() {
+    for (const lysc_node* node : nodes_) {
+        info_[node].tag = tags_.at(node->name);
+        module_ns_.emplace(node->module, name_hash(node->module->ns));
+    }
+}
+
 uint32_t Schema::tag(const lysc_node* node) const {
+    auto indexed = info_.find(node);
+    if (indexed != info_.end()) {
+        return indexed->second.tag;
+    }
     auto found = tags_.find(node->name);
     return found != tags_.end() ? found->second : 0;
 }
 
 uint32_t Schema::ns(const lys_module* module) const {
-    return name_hash(module->ns);
+    auto found = module_ns_.find(module);
+    return found != module_ns_.end() ? found->second : name_hash(module->ns);
 }
 
 const std::vector<const lysc_node*>& Schema::children(const lysc_node* parent) const {
@@ -142,13 +155,17 @@ const std::vector<const lysc_node*>& Schema::children(const lysc_node* parent) c
     return found != info_.end() ? found->second.children : none;
 }
 
-std::vector<const lysc_node*> Schema::find_children(const lysc_node* parent,
-                                                    std::string_view prefix,
-                                                    std::string_view name) const {
-    std::vector<const lysc_node*> found;
+const lysc_node* Schema::find_child(const lysc_node* parent, std::string_view prefix,
+                                    std::string_view name, bool& ambiguous) const {
+    const lysc_node* found = nullptr;
+    ambiguous = false;
     for (const lysc_node* child : children(parent)) {
         if (name == child->name && matches_prefix(child->module, prefix)) {
-            found.push_back(child);
+            ambiguous = found != nullptr;
+            if (ambiguous) {
+                return nullptr;
+            }
+            found = child;
         }
     }
     return found;

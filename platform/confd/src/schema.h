@@ -53,10 +53,11 @@ class Schema {
 
     // Data children (through choices and cases); nullptr: top-level nodes.
     const std::vector<const lysc_node*>& children(const lysc_node* parent) const;
-    // Children called name whose module has the name or prefix `prefix`
-    // (any module when prefix is empty).
-    std::vector<const lysc_node*> find_children(const lysc_node* parent, std::string_view prefix,
-                                                std::string_view name) const;
+    // The child called name whose module has the name or prefix `prefix`
+    // (any module when prefix is empty); nullptr when there is none, or
+    // when there are several (then `ambiguous` is set).
+    const lysc_node* find_child(const lysc_node* parent, std::string_view prefix,
+                                std::string_view name, bool& ambiguous) const;
     const lysc_node* find_child(const lysc_node* parent, const xml_tag& tag) const;
 
     const std::vector<const lysc_node*>& keys(const lysc_node* list) const;
@@ -71,11 +72,13 @@ class Schema {
     Schema() = default;
     void index(const lysc_node* parent, const lysc_node* node);
     void check_value_types() const;
+    void index_tags();
 
     struct NodeInfo {
         std::vector<const lysc_node*> children;
         std::vector<const lysc_node*> keys;
         confd_vtype value_type = C_NOEXISTS;
+        uint32_t tag = 0;
     };
 
     ly_ctx* ctx_ = nullptr;
@@ -84,6 +87,7 @@ class Schema {
     std::vector<const lysc_node*> nodes_;  // every data node, in schema order
     std::unordered_map<const lysc_node*, NodeInfo> info_;
     std::map<std::string, uint32_t> tags_;
+    std::unordered_map<const lys_module*, uint32_t> module_ns_;  // namespace hashes
     std::vector<confdstore::ValidationPoint> points_;
 };
 

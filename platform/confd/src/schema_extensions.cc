@@ -38,8 +38,14 @@ std::vector<std::string> extension_arguments(const lysc_node* node, const char* 
     return arguments(node->exts, name);
 }
 
-std::vector<std::string> type_extension_arguments(const lysc_type* type, const char* name) {
-    return arguments(type->exts, name);
+const char* type_extension_argument(const lysc_type* type, const char* name) {
+    LY_ARRAY_COUNT_TYPE i;
+    LY_ARRAY_FOR(type->exts, i) {
+        if (is_ours(type->exts[i], name)) {
+            return type->exts[i].argument != nullptr ? type->exts[i].argument : "";
+        }
+    }
+    return nullptr;
 }
 
 std::vector<std::pair<std::string, std::string>> extension_substatements(

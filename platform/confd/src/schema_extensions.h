@@ -19,8 +19,10 @@ extern const char* const kExtensionModule;
 // Arguments of the node's instances of our extension `name`, in model order.
 std::vector<std::string> extension_arguments(const lysc_node* node, const char* name);
 
-// Arguments of our extension `name` inside a type (and the typedefs it derives from).
-std::vector<std::string> type_extension_arguments(const lysc_type* type, const char* name);
+// The argument of the first instance of our extension `name` inside a type
+// (and the typedefs it derives from); nullptr when there is none. Cheap: the
+// value conversions ask it for every leaf they read.
+const char* type_extension_argument(const lysc_type* type, const char* name);
 
 // Substatements (keyword without prefix, argument) of the node's instance of
 // our extension `name` whose argument is `argument`.

@@ -36,11 +36,11 @@ bool resolve_schema(const Schema& schema, const std::vector<PathStep>& steps,
         if (step.tag) {
             node = schema.find_child(parent, *step.tag);
         } else {
-            auto found = schema.find_children(parent, step.prefix, step.name);
-            if (found.size() > 1) {
+            bool ambiguous = false;
+            node = schema.find_child(parent, step.prefix, step.name, ambiguous);
+            if (ambiguous) {
                 return fail(error, "'" + step.name + "' is ambiguous; give its module prefix");
             }
-            node = found.empty() ? nullptr : found.front();
         }
         if (node == nullptr) {
             return fail(error, "unknown node '" + step.name + "' in " +

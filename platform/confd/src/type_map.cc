@@ -1,8 +1,6 @@
 #include "type_map.h"
 
 #include <cstring>
-#include <string>
-#include <vector>
 
 #include "schema_extensions.h"
 
@@ -34,11 +32,11 @@ const TypeRule kTypeTable[] = {
     {LY_TYPE_BOOL, nullptr, C_BOOL},
 };
 
-bool same_value_type(const char* rule, const std::vector<std::string>& declared) {
-    if (rule == nullptr || declared.empty()) {
-        return rule == nullptr && declared.empty();
+bool same_value_type(const char* rule, const char* declared) {
+    if (rule == nullptr || declared == nullptr) {
+        return rule == nullptr && declared == nullptr;
     }
-    return declared.front() == rule;
+    return std::strcmp(declared, rule) == 0;
 }
 
 }  // namespace
@@ -55,7 +53,7 @@ confd_vtype confd_type_of(const lysc_type* type) {
     if (type == nullptr) {
         return C_NOEXISTS;
     }
-    const std::vector<std::string> declared = type_extension_arguments(type, "value-type");
+    const char* declared = type_extension_argument(type, "value-type");
     for (const TypeRule& rule : kTypeTable) {
         if (rule.base == type->basetype && same_value_type(rule.value_type, declared)) {
             return rule.confd;
