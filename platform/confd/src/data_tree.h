@@ -8,10 +8,11 @@
 
 #include <libyang/libyang.h>
 
-#include <map>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <string>
+#include <unordered_map>
 #include <utility>
 
 #include "confd_datastore.h"
@@ -63,8 +64,13 @@ class Tree {
     lyd_node* root_;
     TopLevelIndex top_level_;
     mutable std::mutex mutex_;
-    mutable std::map<std::pair<const lyd_node*, const lysc_node*>, std::unique_ptr<ListIndex>>
-        lists_;
+    using ListKey = std::pair<const lyd_node*, const lysc_node*>;
+    struct ListKeyHash {
+        size_t operator()(const ListKey& key) const {
+            return std::hash<const void*>()(key.first) * 31 + std::hash<const void*>()(key.second);
+        }
+    };
+    mutable std::unordered_map<ListKey, std::unique_ptr<ListIndex>, ListKeyHash> lists_;
 };
 
 }  // namespace confd::detail

@@ -41,7 +41,7 @@ std::optional<TypedValue> key_value(const Schema& schema, const lysc_node* leaf,
 int parse_request(const char* fmt, va_list args, PathRequest& request) {
     std::string error;
     if (!format_path(fmt, args, request.formatted, error) ||
-        !parse_path(request.formatted.text, request.formatted.values, request.steps, error)) {
+        !parse_path(request.formatted.path, request.formatted.values, request.steps, error)) {
         return fail(CONFD_ERR_BADPATH, "bad path: " + error);
     }
     if (CallTrace* call = CallTrace::current()) {

@@ -295,6 +295,29 @@ bool Expander::append_keypath(int levels, const confd_hkeypath_t* hkp, std::stri
     return true;
 }
 
+// The usual way of passing a whole path, "%s", is the caller's string as it
+// is: checked as printed text is, not copied.
+bool borrow_whole_path(va_list args, FormattedPath& out, std::string& error) {
+    va_list own;
+    va_copy(own, args);
+    const char* text = va_arg(own, const char*);
+    va_end(own);
+    if (text == nullptr) {
+        error = "null string argument in path";
+        return false;
+    }
+    const std::string_view whole(text);
+    if (whole.size() > kMaxPathLength) {
+        error = "path too long";
+        return false;
+    }
+    if (!check_path_characters(whole, Forbidden::markers, error)) {
+        return false;
+    }
+    out.path = whole;
+    return true;
+}
+
 }  // namespace
 
 bool format_path(const char* fmt, va_list args, FormattedPath& out, std::string& error) {
@@ -302,8 +325,15 @@ bool format_path(const char* fmt, va_list args, FormattedPath& out, std::string&
         error = "null path";
         return false;
     }
+    if (std::strcmp(fmt, "%s") == 0) {
+        return borrow_whole_path(args, out, error);
+    }
     Expander expander(args, out);
-    return expander.run(fmt, error);
+    if (!expander.run(fmt, error)) {
+        return false;
+    }
+    out.path = out.text;
+    return true;
 }
 
 }  // namespace confd::detail

@@ -13,6 +13,7 @@
 
 #include <cstdarg>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "confd_lib.h"
@@ -29,6 +30,9 @@ constexpr char kTagClose = '\x04';
 struct FormattedPath {
     std::string text;
     std::vector<confd_value_t> values;  // shallow copies of the caller's values
+    // The expanded path: text, or for the template "%s" the caller's string
+    // itself, which outlives the call.
+    std::string_view path;
 };
 
 // False (with a message) for a malformed template or arguments.

@@ -60,7 +60,8 @@ std::string hex_octets(const unsigned char* bytes, size_t size) {
 }
 
 std::string tag_text(uint32_t tag) {
-    return tag_name(tag).value_or("tag<" + std::to_string(tag) + ">");
+    std::optional<std::string> name = tag_name(tag);
+    return name ? std::move(*name) : "tag<" + std::to_string(tag) + ">";
 }
 
 // The types a value of the datastore or a keypath can hold; any other prints
