@@ -68,12 +68,9 @@ std::shared_ptr<const KeypathData> keypath_of_node(const Schema& schema, const l
         ++level;
     };
     for (const lyd_node* n = node; n != nullptr; n = lyd_parent(n)) {
-        const auto& key_schemas = schema.keys(n->schema);
-        if (!key_schemas.empty()) {
+        if (!schema.keys(n->schema).empty()) {
             size_t k = 0;
-            for (const lysc_node* key : key_schemas) {
-                lyd_node* leaf = nullptr;
-                lyd_find_sibling_val(lyd_child(n), key, nullptr, 0, &leaf);
+            for (const lyd_node* leaf : key_leaves(schema, n)) {
                 data->values.push_back(TypedValue::of_node(leaf).value_or(TypedValue()));
                 data->hkp.v[level][k++] = data->values.back().view();
             }

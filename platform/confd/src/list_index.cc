@@ -8,23 +8,30 @@
 
 namespace confd::detail {
 
-std::optional<std::string> entry_key(const Schema& schema, const lyd_node* entry) {
-    std::string key;
-    const lyd_node* child = lyd_child(entry);
+std::vector<const lyd_node*> key_leaves(const Schema& schema, const lyd_node* entry) {
+    std::vector<const lyd_node*> leaves;
+    const lyd_node* expected = lyd_child(entry);
     for (const lysc_node* key_schema : schema.keys(entry->schema)) {
-        // libyang keeps the keys first, in key order; search only if not.
-        const lyd_node* leaf = child;
+        const lyd_node* leaf = expected;
         if (leaf == nullptr || leaf->schema != key_schema) {
             lyd_node* found = nullptr;
             lyd_find_sibling_val(lyd_child(entry), key_schema, nullptr, 0, &found);
             leaf = found;
         }
+        leaves.push_back(leaf);
+        expected = leaf != nullptr ? leaf->next : nullptr;
+    }
+    return leaves;
+}
+
+std::optional<std::string> entry_key(const Schema& schema, const lyd_node* entry) {
+    std::string key;
+    for (const lyd_node* leaf : key_leaves(schema, entry)) {
         auto value = TypedValue::of_node(leaf);
         if (!value) {
             return std::nullopt;
         }
         append_order_key(key, value->view());
-        child = leaf->next;
     }
     return key;
 }

@@ -35,6 +35,11 @@ class ListIndex {
     std::vector<const lyd_node*> entries_;
 };
 
+// The key leaves of a list entry, in key order (nullptr for a missing one).
+// libyang keeps them first, in that order, so each is looked for only when
+// it is not where it should be.
+std::vector<const lyd_node*> key_leaves(const Schema& schema, const lyd_node* entry);
+
 // The encoded key values of a list entry; nullopt when a key does not convert.
 std::optional<std::string> entry_key(const Schema& schema, const lyd_node* entry);
 

@@ -11,6 +11,7 @@
 #include "confd_maapi.h"
 #include "error_state.h"
 #include "fault_injection.h"
+#include "list_index.h"
 #include "locate.h"
 #include "typed_value.h"
 #include "value_text.h"
@@ -78,11 +79,8 @@ int open_cursor(int sock, int thandle, maapi_cursor* mc, const char* fmt, va_lis
 
 // Makes the keys of entry the cursor's current keys.
 int load_keys(maapi_cursor* mc, CursorState& state, const lyd_node* entry) {
-    const auto& key_schemas = state.tree->schema().keys(entry->schema);
     state.keys.clear();
-    for (const lysc_node* key_schema : key_schemas) {
-        lyd_node* leaf = nullptr;
-        lyd_find_sibling_val(lyd_child(entry), key_schema, nullptr, 0, &leaf);
+    for (const lyd_node* leaf : confd::detail::key_leaves(state.tree->schema(), entry)) {
         auto value = confd::detail::TypedValue::of_node(leaf);
         if (!value) {
             return confd::detail::fail(CONFD_ERR_BADTYPE, state.path + ": a key does not convert");
