@@ -54,11 +54,9 @@ bool PathParser::parse(std::vector<PathStep>& steps, std::string& error) {
             return fail(error, "expected '/'");
         }
         ++pos_;
-        PathStep step;
-        if (!parse_step(step, error)) {
+        if (!parse_step(steps.emplace_back(), error)) {
             return false;
         }
-        steps.push_back(std::move(step));
     }
     return true;
 }
@@ -77,10 +75,10 @@ bool PathParser::parse_step(PathStep& step, std::string& error) {
         std::string_view word = text_.substr(start, pos_ - start);
         const size_t colon = word.find(':');
         if (colon != std::string_view::npos) {
-            step.prefix = std::string(word.substr(0, colon));
+            step.prefix.assign(word.substr(0, colon));
             word.remove_prefix(colon + 1);
         }
-        step.name = std::string(word);
+        step.name.assign(word);
         if (step.name.empty() || word.find(':') != std::string_view::npos ||
             (colon != std::string_view::npos && step.prefix.empty())) {
             return fail(error, "bad node name");
@@ -129,11 +127,9 @@ bool PathParser::parse_keys(PathStep& step, std::string& error) {
         if (step.keys.size() >= MAXKEYLEN - 1) {
             return fail(error, "too many keys");
         }
-        KeyToken key;
-        if (!parse_key(key, error)) {
+        if (!parse_key(step.keys.emplace_back(), error)) {
             return false;
         }
-        step.keys.push_back(std::move(key));
     }
     if (step.keys.empty()) {
         return fail(error, "empty key");
