@@ -49,7 +49,7 @@ class Changes : public ::testing::Test {
                                      const confdstore::ValidationPoint& p) {
         std::vector<std::string> paths;
         for (const auto& instance : changes.changed_instances(p)) {
-            paths.push_back(instance.path());
+            paths.push_back(instance.keypath().text());
         }
         return paths;
     }
@@ -124,7 +124,6 @@ TEST_F(Changes, KeypathShapesOfTheHandlers) {
 
 void ExpectNothingFires(const confdstore::Datastore& datastore) {
     const confdstore::ChangeSet changes = datastore.changes();
-    EXPECT_EQ(changes.size(), 0u);
     for (const auto& p : ipapp_test::project_schema().validation_points()) {
         EXPECT_FALSE(changes.fires(p)) << p.name << " on " << p.node_path;
     }

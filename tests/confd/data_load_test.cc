@@ -28,13 +28,15 @@ TEST(DataLoad, XmlAndJsonFilesLoad) {
     confd.datastore().load_candidate(confd_test::write_file(
         dir.path() / "candidate.json",
         R"({"device-config:config":{"interface":{"ipapp:l3":[{"name":"5","vrf":"blue"}]}}})"));
-    const int th = maapi_start_trans(confd.maapi_socket(), CONFD_CANDIDATE, CONFD_READ);
-    char vrf[16];
-    ASSERT_EQ(maapi_get_str_elem(confd.maapi_socket(), th, vrf, sizeof vrf,
-                                 "/config/interface/l3{5}/vrf"),
-              CONFD_OK);
-    EXPECT_STREQ(vrf, "blue");
-    EXPECT_EQ(confd.datastore().changes().size(), 2u);  // the entry is modified, its vrf set
+    for (const auto& [db, expected] :
+         {std::pair{CONFD_CANDIDATE, "blue"}, {CONFD_RUNNING, "red"}}) {
+        const int th = maapi_start_trans(confd.maapi_socket(), db, CONFD_READ);
+        char vrf[16];
+        ASSERT_EQ(maapi_get_str_elem(confd.maapi_socket(), th, vrf, sizeof vrf,
+                                     "/config/interface/l3{5}/vrf"),
+                  CONFD_OK);
+        EXPECT_STREQ(vrf, expected);
+    }
 }
 
 TEST(DataLoad, BadInputIsOneLineNamingTheFile) {

@@ -81,6 +81,8 @@ TEST_F(MaapiRead, LeavesReadBackAsTheirConfdTypes) {
             EXPECT_STREQ(CONFD_GET_CBUFPTR(&v), c.text);
         }
         confd_free_value(&v);
+        confd_free_value(&v);  // a freed buffer value holds nothing
+        EXPECT_EQ(v.type == C_NOEXISTS, c.type == C_BUF || c.type == C_BINARY) << c.path;
     }
 }
 

@@ -54,19 +54,6 @@ TEST(ValidationPoints, ReadFromTheExtensionStatements) {
     EXPECT_EQ(points, "b /l once after /x (two lines);a /l each ();c /x each ();");
 }
 
-TEST(TagHashes, FixedOnesArePinnedAndOthersStable) {
-    ipapp_test::project_schema();  // the hashes are known once a schema is loaded
-    EXPECT_EQ(confd_str2hash("l3"), 0x213f1a7au);
-    EXPECT_EQ(confd_str2hash("loopback"), 0x1472ccedu);
-    EXPECT_EQ(confd_str2hash("mgmt"), 0x1412343fu);
-    EXPECT_EQ(confd_str2hash("vrf"), 0x4c5f3e78u);
-    EXPECT_STREQ(confd_hash2str(0x213f1a7a), "l3");
-    EXPECT_LT(confd_str2hash("ospfv3-pm-if-name"), 0x80000000u);
-    EXPECT_NE(confd_str2hash("ospfv3-pm-if-name"), 0u);
-    EXPECT_EQ(confd_str2hash("no-such-node-name"), 0u);
-    EXPECT_EQ(confd_hash2str(1), nullptr);
-}
-
 // The committed header is what the loaded model gives: every define, and
 // nothing stale.
 TEST(SchemaHeader, MatchesTheModel) {

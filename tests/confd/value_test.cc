@@ -102,22 +102,6 @@ TEST(PrettyPrint, KeypathsFromTheRootWithQuotedKeys) {
     EXPECT_EQ(confd_pp_kpath(buf, sizeof buf, nullptr), 0);
 }
 
-TEST(ValueCopies, DeepCopyEqualsAndOwnsItsBuffer) {
-    char text[] = "vrf-red";
-    confd_value_t original;
-    CONFD_SET_BUF(&original, reinterpret_cast<unsigned char*>(text), 7);
-    confd_value_t copy;
-    ASSERT_EQ(confd_value_dup_to(&original, &copy), &copy);
-    EXPECT_GT(confd_val_eq(&original, &copy), 0);
-    EXPECT_NE(copy.val.buf.ptr, original.val.buf.ptr);
-    text[0] = 'V';
-    EXPECT_EQ(confd_val_eq(&original, &copy), 0);
-    EXPECT_EQ(pp(copy), "vrf-red");
-    confd_free_value(&copy);
-    confd_free_value(&copy);  // a freed value holds nothing
-    EXPECT_EQ(copy.type, C_NOEXISTS);
-}
-
 TEST(ValueCopies, EqualityNeedsTypeAndPayload) {
     in_addr a;
     inet_pton(AF_INET, "10.0.0.1", &a);

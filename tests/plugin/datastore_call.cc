@@ -1,6 +1,7 @@
 #include "datastore_call.h"
 
 #include <confd_fault_injection.h>
+#include <ipapp.h>
 #include <velconfd_host.h>
 
 #include <filesystem>
@@ -17,19 +18,13 @@ const sockaddr_in& AgentAddress(const ipapp_test::ConfdFixture& confd) {
     return *reinterpret_cast<const sockaddr_in*>(confd.address());
 }
 
-// The tag of a node name of the loaded schema.
-void SetTag(confd_value_t* value, const char* name) {
-    CONFD_SET_XMLTAG(value, confd_str2hash(name), 0);
-}
-
 }  // namespace
 
 confd_hkeypath_t ListKeypath(u_int32_t list_tag) {
-    confd_hkeypath_t keypath{};
-    keypath.len = 3;
+    // Tags only: the copy holds no buffer of the keypath it was taken from.
+    static const confdstore::Datastore datastore(ipapp_test::project_schema());
+    confd_hkeypath_t keypath = datastore.keypath("/config/interface/l3").get();
     CONFD_SET_XMLTAG(&keypath.v[0][0], list_tag, 0);
-    SetTag(&keypath.v[1][0], "interface");
-    SetTag(&keypath.v[2][0], "config");
     return keypath;
 }
 
@@ -71,13 +66,14 @@ int32_t DatastoreCall::Run(ValidationHandler* handler, confd_hkeypath_t keypath)
 }
 
 int32_t DatastoreCall::RunOnLowerLayer(ValidationHandler* handler, const std::string& name) {
+    const confd_hkeypath_t list = ListKeypath(ipapp_l3);
     confd_hkeypath_t keypath{};
     keypath.len = 5;
-    SetTag(&keypath.v[0][0], "lower-layer-if");
+    CONFD_SET_XMLTAG(&keypath.v[0][0], ipapp_lower_layer_if, 0);
     CONFD_SET_CBUF(&keypath.v[1][0], name.data(), name.size());
-    SetTag(&keypath.v[2][0], "l3");
-    SetTag(&keypath.v[3][0], "interface");
-    SetTag(&keypath.v[4][0], "config");
+    for (int i = 0; i < list.len; ++i) {
+        keypath.v[2 + i][0] = list.v[i][0];
+    }
     return Run(handler, keypath);
 }
 

@@ -33,10 +33,6 @@ int cdb_end_session(int sock);
 
 /* 1 when the node exists, 0 when it does not, CONFD_ERR on error. */
 int cdb_exists(int sock, const char* fmt, ...);
-/* The number of entries of a list, or CONFD_ERR. */
-int cdb_num_instances(int sock, const char* fmt, ...);
-/* Allocates for buffer types: free with confd_free_value. */
-int cdb_get(int sock, confd_value_t* v, const char* fmt, ...);
 int cdb_get_int32(int sock, int32_t* rval, const char* fmt, ...);
 
 #ifdef __cplusplus

@@ -86,7 +86,6 @@ class Instance {
   public:
     Keypath keypath() const;
     Value new_value() const;  // a leaf's value; the node's C_XMLTAG otherwise
-    std::string path() const;
 
   private:
     friend class Datastore;
@@ -137,9 +136,6 @@ class ChangeSet {
     // Candidate instances of the point's node that were created or below
     // which something differs, in delivery order.
     std::vector<Instance> changed_instances(const ValidationPoint& point) const;
-
-    // Number of differing nodes (created, deleted or changed).
-    size_t size() const;
 
   private:
     friend class Datastore;

@@ -499,14 +499,8 @@ int confd_pp_kpath(char* buf, int bufsiz, const confd_hkeypath_t* hkp);
 
 /* Frees what a value points to (buffers, lists); the value itself is not freed. */
 void confd_free_value(confd_value_t* v);
-/* Deep copy; the copy is released with confd_free_value. */
-confd_value_t* confd_value_dup_to(const confd_value_t* v, confd_value_t* newv);
 /* Positive when equal, 0 otherwise. */
 int confd_val_eq(const confd_value_t* v1, const confd_value_t* v2);
-
-/* Tag hashes of the loaded schema; 0 / NULL when unknown. */
-u_int32_t confd_str2hash(const char* str);
-char* confd_hash2str(u_int32_t hash);
 
 #ifdef __cplusplus
 }

@@ -49,7 +49,6 @@ int maapi_connect(int sock, const struct sockaddr* srv, int srv_sz);
 int maapi_close(int sock);
 int maapi_start_trans(int sock, enum confd_dbname db, enum confd_trans_mode mode);
 int maapi_finish_trans(int sock, int thandle);
-int maapi_attach(int sock, int hashed_ns, struct confd_trans_ctx* ctx);
 
 /* 1 when the node exists, 0 when it does not, CONFD_ERR on error. */
 int maapi_exists(int sock, int thandle, const char* fmt, ...);
@@ -92,11 +91,6 @@ int maapi_keypath_diff_iterate(int sock, int thandle,
                                                            confd_value_t* oldv, confd_value_t* newv,
                                                            void* state),
                                int flags, void* initstate, const char* fmtpath, ...);
-int maapi_diff_iterate(int sock, int thandle,
-                       enum maapi_iter_ret (*iter)(confd_hkeypath_t* kp, enum maapi_iter_op op,
-                                                   confd_value_t* oldv, confd_value_t* newv,
-                                                   void* state),
-                       int flags, void* initstate);
 
 #ifdef __cplusplus
 }

@@ -21,7 +21,7 @@ struct Call {
     // with a blank, brace or quote in double quotes); the template itself
     // when it cannot be expanded; empty for calls without a path.
     std::string_view path;
-    std::string_view argument;  // maapi_xpath_eval_expr's expression, confd_str2hash's name
+    std::string_view argument;  // maapi_xpath_eval_expr's expression
     // What the call returned: "error NAME (N): <confd_lasterr()>" for
     // CONFD_ERR; the value read (strings in double quotes); the number of
     // maapi_exists, *_num_instances and maapi_start_trans; a cursor's keys

@@ -7,7 +7,6 @@
 #include <cstring>
 #include <map>
 #include <mutex>
-#include <set>
 
 #include "error_state.h"
 
@@ -17,7 +16,6 @@ namespace {
 struct Session {
     SocketKind kind;
     std::shared_ptr<Store> store;
-    std::set<int> attached;
     std::shared_ptr<const Tree> cdb;  // the tree of a started CDB session
 };
 
@@ -134,7 +132,7 @@ int connect_socket(int sock, SocketKind kind, const struct sockaddr* address, in
     // The descriptor is open, so an earlier binding of the same number belongs
     // to a socket that was closed without maapi_close / cdb_close.
     finish_owned(agent, sock);
-    agent.sessions[sock] = Session{kind, served->second, {}, nullptr};
+    agent.sessions[sock] = Session{kind, served->second, nullptr};
     return CONFD_OK;
 }
 
@@ -172,24 +170,14 @@ int finish_transaction(int sock, int thandle) {
     });
 }
 
-int attach(int sock, int thandle) {
-    return with_session(sock, SocketKind::maapi, [&](AgentState& agent, Session& session) {
-        if (transaction_of(agent, session, thandle) == nullptr) {
-            return CONFD_ERR;
-        }
-        session.attached.insert(thandle);
-        return CONFD_OK;
-    });
-}
-
 int transaction(int sock, int thandle, TransactionView& view) {
     return with_session(sock, SocketKind::maapi, [&](AgentState& agent, Session& session) {
         Transaction* found = transaction_of(agent, session, thandle);
         if (found == nullptr) {
             return CONFD_ERR;
         }
-        if (found->owner != sock && session.attached.count(thandle) == 0) {
-            return failf(CONFD_ERR_BADSTATE, "transaction %d is not attached to socket %d", thandle,
+        if (found->owner != sock) {
+            return failf(CONFD_ERR_BADSTATE, "transaction %d was not started on socket %d", thandle,
                          sock);
         }
         view = found->view;

@@ -40,7 +40,6 @@ int connect_socket(int sock, SocketKind kind, const struct sockaddr* address, in
 int close_socket(int sock, SocketKind kind);
 int start_transaction(int sock, enum confd_dbname db);
 int finish_transaction(int sock, int thandle);
-int attach(int sock, int thandle);
 int transaction(int sock, int thandle, TransactionView& view);
 int start_cdb_session(int sock, enum cdb_db_type db);
 int end_cdb_session(int sock);

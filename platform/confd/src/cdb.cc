@@ -59,28 +59,6 @@ int cdb_exists(int sock, const char* fmt, ...) {
     return trace.returned_number(result);
 }
 
-int cdb_num_instances(int sock, const char* fmt, ...) {
-    confd::detail::CallTrace trace("cdb_num_instances", fmt);
-    va_list args;
-    va_start(args, fmt);
-    const int result = on_tree(session_tree(sock), [&](const Tree& tree) {
-        return confd::detail::read_num_instances("cdb_num_instances", tree, fmt, args);
-    });
-    va_end(args);
-    return trace.returned_number(result);
-}
-
-int cdb_get(int sock, confd_value_t* v, const char* fmt, ...) {
-    confd::detail::CallTrace trace("cdb_get", fmt);
-    va_list args;
-    va_start(args, fmt);
-    const int result = on_tree(session_tree(sock), [&](const Tree& tree) {
-        return confd::detail::read_copy("cdb_get", tree, v, fmt, args);
-    });
-    va_end(args);
-    return trace.returned(result);
-}
-
 int cdb_get_int32(int sock, int32_t* rval, const char* fmt, ...) {
     confd::detail::CallTrace trace("cdb_get_int32", fmt);
     va_list args;

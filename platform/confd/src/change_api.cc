@@ -95,10 +95,6 @@ Value Instance::new_value() const {
                                               schema.ns(node->schema->module))));
 }
 
-std::string Instance::path() const {
-    return keypath().text();
-}
-
 ChangeSet::ChangeSet(std::shared_ptr<const confd::detail::ChangeIndex> index)
     : index_(std::move(index)) {}
 
@@ -120,10 +116,6 @@ std::vector<Instance> ChangeSet::changed_instances(const ValidationPoint& point)
         instances.push_back(Instance(index_->candidate(), node));
     }
     return instances;
-}
-
-size_t ChangeSet::size() const {
-    return index_->size();
 }
 
 ChangeSet Datastore::changes() const {

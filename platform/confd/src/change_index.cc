@@ -9,7 +9,6 @@ ChangeIndex::ChangeIndex(std::shared_ptr<const Tree> running, std::shared_ptr<co
     diff_children(*running_, *candidate_, running_->first_child(nullptr),
                   candidate_->first_child(nullptr), nullptr, nullptr,
                   [this](const DiffEvent& event) {
-                      ++events_;
                       switch (event.op) {
                           case DiffOp::created:
                               mark_subtree(event.node);

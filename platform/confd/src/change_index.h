@@ -29,7 +29,6 @@ class ChangeIndex {
     // differs, in the order the walk met them.
     const std::vector<const lyd_node*>& changed_instances(const lysc_node* node) const;
 
-    size_t size() const { return events_; }
     const std::shared_ptr<const Tree>& candidate() const { return candidate_; }
 
   private:
@@ -43,7 +42,6 @@ class ChangeIndex {
     std::unordered_set<const lyd_node*> nodes_;
     std::unordered_set<const lysc_node*> schemas_;
     std::unordered_map<const lysc_node*, std::vector<const lyd_node*>> instances_;
-    size_t events_ = 0;
 };
 
 }  // namespace confd::detail

@@ -1,6 +1,6 @@
 /*
- * maapi_diff_iterate and maapi_keypath_diff_iterate: the changes of a
- * transaction against running (tree_diff.h), as keypaths from the root.
+ * maapi_keypath_diff_iterate: the changes of a transaction against running (tree_diff.h), as
+ * keypaths from the root.
  */
 #include <optional>
 #include <string>
@@ -109,23 +109,18 @@ class Iteration {
     bool suspended_ = false;
 };
 
-// Walks the changes below the path (the whole tree without one).
-int walk(const confd::detail::TransactionView& view, const confd::detail::PathRequest* request,
+// Walks the changes below the path.
+int walk(const confd::detail::TransactionView& view, const confd::detail::PathRequest& request,
          Iteration& iteration) {
     const confd::detail::DiffVisitor visit = [&](const confd::detail::DiffEvent& event) {
         return iteration(event);
     };
     const confd::detail::Tree& running = *view.running;
     const confd::detail::Tree& candidate = *view.tree;
-    if (request == nullptr) {
-        confd::detail::diff_children(running, candidate, running.first_child(nullptr),
-                                     candidate.first_child(nullptr), nullptr, nullptr, visit);
-        return CONFD_OK;
-    }
     confd::detail::Location in_running;
     confd::detail::Location in_candidate;
-    if (confd::detail::locate(running, request->steps, in_running) != CONFD_OK ||
-        confd::detail::locate(candidate, request->steps, in_candidate) != CONFD_OK) {
+    if (confd::detail::locate(running, request.steps, in_running) != CONFD_OK ||
+        confd::detail::locate(candidate, request.steps, in_candidate) != CONFD_OK) {
         return CONFD_ERR;
     }
     if (in_candidate.whole_list) {
@@ -142,8 +137,7 @@ int walk(const confd::detail::TransactionView& view, const confd::detail::PathRe
 }
 
 int iterate(int sock, int thandle, IterFunction iter, void* initstate,
-            const confd::detail::CallTrace& trace, const char* call, const char* fmtpath,
-            va_list* args) {
+            const confd::detail::CallTrace& trace, const char* fmtpath, va_list args) {
     if (iter == nullptr) {
         return confd::detail::fail(CONFD_ERR_PROTOUSAGE, "diff_iterate: no iterator function");
     }
@@ -152,13 +146,13 @@ int iterate(int sock, int thandle, IterFunction iter, void* initstate,
         return CONFD_ERR;
     }
     confd::detail::PathRequest request;
-    if (fmtpath != nullptr && (confd::detail::parse_request(fmtpath, *args, request) != CONFD_OK ||
-                               confd::detail::injected_fault(call, request.steps) != CONFD_OK)) {
+    if (confd::detail::parse_request(fmtpath, args, request) != CONFD_OK ||
+        confd::detail::injected_fault("maapi_keypath_diff_iterate", request.steps) != CONFD_OK) {
         return CONFD_ERR;
     }
     Iteration iteration(view.tree->schema(), iter, initstate, trace);
     try {
-        if (walk(view, fmtpath != nullptr ? &request : nullptr, iteration) != CONFD_OK) {
+        if (walk(view, request, iteration) != CONFD_OK) {
             return CONFD_ERR;
         }
     } catch (const std::exception& error) {
@@ -177,23 +171,16 @@ extern "C" {
 
 int maapi_keypath_diff_iterate(int sock, int thandle, IterFunction iter, int /*flags*/,
                                void* initstate, const char* fmtpath, ...) {
-    const char* call = "maapi_keypath_diff_iterate";
-    confd::detail::CallTrace trace(call, fmtpath);
+    confd::detail::CallTrace trace("maapi_keypath_diff_iterate", fmtpath);
     if (fmtpath == nullptr) {
         return trace.returned(
             confd::detail::fail(CONFD_ERR_BADPATH, "keypath_diff_iterate: no path"));
     }
     va_list args;
     va_start(args, fmtpath);
-    const int result = iterate(sock, thandle, iter, initstate, trace, call, fmtpath, &args);
+    const int result = iterate(sock, thandle, iter, initstate, trace, fmtpath, args);
     va_end(args);
     return trace.returned(result);
-}
-
-int maapi_diff_iterate(int sock, int thandle, IterFunction iter, int /*flags*/, void* initstate) {
-    const char* call = "maapi_diff_iterate";
-    confd::detail::CallTrace trace(call);
-    return trace.returned(iterate(sock, thandle, iter, initstate, trace, call, nullptr, nullptr));
 }
 
 }  // extern "C"

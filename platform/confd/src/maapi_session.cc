@@ -32,13 +32,4 @@ int maapi_finish_trans(int sock, int thandle) {
     return trace.returned(confd::detail::finish_transaction(sock, thandle));
 }
 
-int maapi_attach(int sock, int /*hashed_ns*/, struct confd_trans_ctx* ctx) {
-    confd::detail::CallTrace trace("maapi_attach");
-    if (ctx == nullptr) {
-        return trace.returned(
-            confd::detail::fail(CONFD_ERR_PROTOUSAGE, "attach: null transaction context"));
-    }
-    return trace.returned(confd::detail::attach(sock, ctx->thandle));
-}
-
 }  // extern "C"

@@ -4,7 +4,6 @@
 #include <charconv>
 
 #include "path_format.h"
-#include "tag_registry.h"
 #include "value_text.h"
 
 namespace confd::detail {

@@ -4,6 +4,7 @@
 #include "error_state.h"
 #include "fault_injection.h"
 #include "locate.h"
+#include "value_memory.h"
 
 namespace confd::detail {
 namespace {
@@ -85,7 +86,7 @@ int read_copy(const char* call, const Tree& tree, confd_value_t* out, const char
         return CONFD_ERR;
     }
     const confd_value_t view = value.view();
-    if (confd_value_dup_to(&view, out) == nullptr) {
+    if (!copy_value(view, out)) {
         return fail(CONFD_ERR_MALLOC, "out of memory");
     }
     return CONFD_OK;

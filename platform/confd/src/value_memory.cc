@@ -27,10 +27,6 @@ bool buffers_equal(const confd_buf_t& a, const confd_buf_t& b) {
     return a.size == b.size && (a.size == 0 || std::memcmp(a.ptr, b.ptr, a.size) == 0);
 }
 
-bool copy_payload(const confd_value_t& from, confd_value_t* to) {
-    return !is_buffer_type(from.type) || copy_buffer(from.val.buf, &to->val.buf);
-}
-
 template <typename T>
 bool bytes_equal(const T& a, const T& b) {
     return std::memcmp(&a, &b, sizeof(T)) == 0;
@@ -99,6 +95,15 @@ bool set_owned_buffer(confd_value_t* value, confd_vtype type, const void* bytes,
     return true;
 }
 
+bool copy_value(const confd_value_t& from, confd_value_t* to) {
+    confd_value_t copy = from;
+    if (is_buffer_type(from.type) && !copy_buffer(from.val.buf, &copy.val.buf)) {
+        return false;
+    }
+    *to = copy;
+    return true;
+}
+
 }  // namespace confd::detail
 
 extern "C" {
@@ -110,19 +115,6 @@ void confd_free_value(confd_value_t* v) {
     std::free(v->val.buf.ptr);
     // A freed value holds nothing, so freeing it again is harmless.
     v->type = C_NOEXISTS;
-}
-
-confd_value_t* confd_value_dup_to(const confd_value_t* v, confd_value_t* newv) {
-    if (v == nullptr || newv == nullptr) {
-        return nullptr;
-    }
-    confd_value_t copy = *v;
-    if (!confd::detail::copy_payload(*v, &copy)) {
-        confd_errno = CONFD_ERR_MALLOC;
-        return nullptr;
-    }
-    *newv = copy;
-    return newv;
 }
 
 int confd_val_eq(const confd_value_t* v1, const confd_value_t* v2) {

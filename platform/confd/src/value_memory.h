@@ -12,6 +12,10 @@ namespace confd::detail {
 // NUL-terminated copy of bytes; false when memory runs out.
 bool set_owned_buffer(confd_value_t* value, confd_vtype type, const void* bytes, size_t size);
 
+// Copies from into to, buffers into malloc'ed, NUL-terminated memory of
+// their own; false (to untouched) when memory runs out.
+bool copy_value(const confd_value_t& from, confd_value_t* to);
+
 }  // namespace confd::detail
 
 #endif
