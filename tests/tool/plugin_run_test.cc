@@ -139,7 +139,7 @@ const PluginRun kRuns[] = {
      "",
      1,
      "refused   point_1  /config/interface/l3{escapes}\n"
-     "          q\" b\\ t\t n\n           c\x01 p%s u\xC3\xBC x\xFF\n"
+     "          q\" b\\\\ t\t n\n           c\\x01 p%s u\xC3\xBC x\\xFF\n"
      "refused: 1 of 1 validation calls refused\n",
      {"trace: validate /config/interface/l3{escapes} point_1 -> l3\n"
       "trace: confd_trans_seterr => \"q\" b\\\\ t\\t n\\n c\\x01 p%s u\xC3\xBC x\\xFF\"\n"}},

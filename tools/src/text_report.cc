@@ -16,9 +16,13 @@ std::string Padded(const std::string& text, size_t width) {
     return text.size() >= width ? text + " " : text + std::string(width - text.size(), ' ');
 }
 
-// Each line of text below a row, indented to the row's second column.
-void WriteIndented(const std::string& text, std::ostream& out) {
+// Each line of text below a row, indented to the row's second column, so
+// that no line of it starts like a row. The plug-in's texts may echo data:
+// control characters other than line breaks and tabs, and bytes that are
+// not UTF-8, are escaped (the JSON and JUnit reports keep the exact text).
+void WriteIndented(const std::string& raw_text, std::ostream& out) {
     const std::string indent(kVerdictWidth, ' ');
+    const std::string text = PrintableLines(raw_text);
     size_t start = 0;
     for (size_t newline = text.find('\n'); newline != std::string::npos;
          newline = text.find('\n', start)) {
