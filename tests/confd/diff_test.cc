@@ -116,6 +116,9 @@ TEST_F(DiffIterate, RepliesStopOrSkipTheWalk) {
          {{"modified", ITER_CONTINUE}, {"created", ITER_CONTINUE}},
          {"deleted /config/interface/l3{7}", "modified /config/interface/l3{5}",
           "created /config/interface/l3{9}"}},
+        {"up skips the remaining siblings",
+         {{"modified", ITER_UP}},
+         {"deleted /config/interface/l3{7}", "modified /config/interface/l3{5}"}},
     };
     for (const Case& c : cases) {
         Recorder recorder;

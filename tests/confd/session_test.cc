@@ -53,7 +53,11 @@ TEST(Transactions, HandlesMustBeKnownAndOfTheSocket) {
     EXPECT_EQ(outcome(maapi_exists(other, 999999, "/config")),
               error(CONFD_ERR_NOEXISTS, "no transaction 999999"));
     EXPECT_EQ(maapi_start_trans(other, CONFD_STARTUP, CONFD_READ), CONFD_ERR);
-    EXPECT_EQ(maapi_close(other), CONFD_OK);
+    // Closing a socket ends the transactions started on it.
+    const int closed = maapi_start_trans(other, CONFD_RUNNING, CONFD_READ);
+    ASSERT_EQ(maapi_close(other), CONFD_OK);
+    EXPECT_EQ(outcome(maapi_exists(confd.maapi_socket(), closed, "/config")),
+              error(CONFD_ERR_NOEXISTS, "no transaction " + std::to_string(closed)));
 }
 
 // A transaction keeps the tree it started with.

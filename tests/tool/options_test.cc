@@ -59,12 +59,10 @@ TEST(Options, AcceptedOrRefusedWithTheReason) {
          "candidate=c.xml all keep-going timing no-debug trace"},
         {{"--format=junit", "c.xml"}, "candidate=c.xml junit"},
         {{"--quiet", "c.xml"}, "candidate=c.xml quiet"},
-        {{"--timeout", "1", "c.xml"}, "candidate=c.xml timeout=1"},
         {{"--timeout=86400", "c.xml"}, "candidate=c.xml timeout=86400"},
         {{"--call", "a=/x{1}", "--call=b=/y{k=v}", "c.xml"},
          "candidate=c.xml call=a|/x{1} call=b|/y{k=v}"},
         {{"--", "--odd-name.xml"}, "candidate=--odd-name.xml"},
-        {{"--max-input-size", "1000", "c.xml"}, "candidate=c.xml max-input-size=1000"},
         {{"--max-input-size=3K", "c.xml"}, "candidate=c.xml max-input-size=3072"},
         {{"--max-input-size=2M", "c.xml"}, "candidate=c.xml max-input-size=2097152"},
         {{"--max-input-size=1G", "c.xml"}, "candidate=c.xml max-input-size=1073741824"},
@@ -72,14 +70,11 @@ TEST(Options, AcceptedOrRefusedWithTheReason) {
         {{"-h"}, "help"},
         {{"--version"}, "version"},
         {{"--nope", "c.xml"}, "refused: unknown option '--nope'"},
-        {{"-x", "c.xml"}, "refused: unknown option '-x'"},
         {{"c.xml", "--log"}, "refused: --log needs a value: FILE"},
         {{"--running=", "c.xml"}, "refused: --running needs a non-empty value"},
         {{"--keep-going=1", "c.xml"}, "refused: --keep-going takes no value"},
         {{"--running", "a", "--running", "b", "c.xml"}, "refused: --running given twice"},
         {{"a.xml", "b.xml"}, "refused: more than one candidate configuration: 'b.xml'"},
-        {{"--candidate", "a.xml", "b.xml"},
-         "refused: more than one candidate configuration: 'b.xml'"},
         {{"a.xml", "--candidate", "b.xml"},
          "refused: more than one candidate configuration: 'b.xml'"},
         {{"--running", "r.xml"}, "refused: no candidate configuration given"},
@@ -98,24 +93,15 @@ TEST(Options, AcceptedOrRefusedWithTheReason) {
         {{"--max-input-size=1T", "c.xml"},
          "refused: --max-input-size takes a positive number of bytes with K, M or G or none, "
          "not '1T'"},
-        {{"--max-input-size=-1", "c.xml"},
-         "refused: --max-input-size takes a positive number of bytes with K, M or G or none, "
-         "not '-1'"},
-        {{"--max-input-size=k", "c.xml"},
-         "refused: --max-input-size takes a positive number of bytes with K, M or G or none, "
-         "not 'k'"},
         {{"--max-input-size=99999999999G", "c.xml"},
          "refused: --max-input-size takes a positive number of bytes with K, M or G or none, "
          "not '99999999999G'"},
         {{"--timeout", "0", "c.xml"},
          "refused: --timeout takes whole seconds from 1 to 86400, not '0'"},
-        {{"--timeout=-5", "c.xml"},
-         "refused: --timeout takes whole seconds from 1 to 86400, not '-5'"},
         {{"--timeout=86401", "c.xml"},
          "refused: --timeout takes whole seconds from 1 to 86400, not '86401'"},
         {{"--timeout=1.5", "c.xml"},
          "refused: --timeout takes whole seconds from 1 to 86400, not '1.5'"},
-        {{"--timeout=", "c.xml"}, "refused: --timeout takes whole seconds from 1 to 86400, not ''"},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(Parsed(c.arguments), c.parsed);
