@@ -28,15 +28,17 @@ TEST(DataLoad, XmlAndJsonFilesLoad) {
     confd.datastore().load_candidate(confd_test::write_file(
         dir.path() / "candidate.json",
         R"({"device-config:config":{"interface":{"ipapp:l3":[{"name":"5","vrf":"blue"}]}}})"));
-    for (const auto& [db, expected] :
-         {std::pair{CONFD_CANDIDATE, "blue"}, {CONFD_RUNNING, "red"}}) {
-        const int th = maapi_start_trans(confd.maapi_socket(), db, CONFD_READ);
-        char vrf[16];
-        ASSERT_EQ(maapi_get_str_elem(confd.maapi_socket(), th, vrf, sizeof vrf,
-                                     "/config/interface/l3{5}/vrf"),
-                  CONFD_OK);
-        EXPECT_STREQ(vrf, expected);
-    }
+    const int th = maapi_start_trans(confd.maapi_socket(), CONFD_CANDIDATE, CONFD_READ);
+    char vrf[16];
+    ASSERT_EQ(maapi_get_str_elem(confd.maapi_socket(), th, vrf, sizeof vrf,
+                                 "/config/interface/l3{5}/vrf"),
+              CONFD_OK);
+    EXPECT_STREQ(vrf, "blue");
+    const int cdb = socket(PF_INET, SOCK_STREAM, 0);
+    ASSERT_EQ(cdb_connect(cdb, CDB_READ_SOCKET, confd.address(), confd.address_length()), CONFD_OK);
+    ASSERT_EQ(cdb_start_session(cdb, CDB_RUNNING), CONFD_OK);
+    EXPECT_EQ(cdb_exists(cdb, "/config/interface/l3{5}/vrf"), 1);
+    cdb_close(cdb);
 }
 
 TEST(DataLoad, BadInputIsOneLineNamingTheFile) {

@@ -147,12 +147,10 @@ int close_socket(int sock, SocketKind kind) {
 
 int start_transaction(int sock, enum confd_dbname db) {
     return with_session(sock, SocketKind::maapi, [&](AgentState& agent, Session& session) {
-        if (db != CONFD_CANDIDATE && db != CONFD_RUNNING) {
+        if (db != CONFD_CANDIDATE) {
             return failf(CONFD_ERR_NOEXISTS, "start_trans: database %d is not available", db);
         }
-        TransactionView view{
-            db == CONFD_CANDIDATE ? session.store->candidate() : session.store->running(),
-            session.store->running()};
+        TransactionView view{session.store->candidate(), session.store->running()};
         const int thandle = agent.next_thandle++;
         agent.transactions[thandle] = Transaction{sock, session.store, std::move(view)};
         return thandle;
