@@ -35,7 +35,12 @@ TEST_F(FaultInjection, ExistsSucceedsWhileTheReadFails) {
     EXPECT_EQ(
         outcome(maapi_get_elem(s, th, &v, "/config/interface/l3{%s}/vrf", "5")),
         error(CONFD_ERR_NOEXISTS, "injected fault: maapi_get_elem /config/interface/l3{5}/vrf"));
-    EXPECT_EQ(faults::hits(), 1);
+    // The same, with the path read whole right after its existence check.
+    EXPECT_EQ(maapi_exists(s, th, "%s", kVrf), 1);
+    EXPECT_EQ(
+        outcome(maapi_get_elem(s, th, &v, "%s", kVrf)),
+        error(CONFD_ERR_NOEXISTS, "injected fault: maapi_get_elem /config/interface/l3{5}/vrf"));
+    EXPECT_EQ(faults::hits(), 2);
     char name[16];
     EXPECT_EQ(maapi_get_str_elem(s, th, name, sizeof name, kVrf), CONFD_OK);
     EXPECT_EQ(maapi_get_elem(s, th, &v, "/config/interface/l3{5}/ipv4/address/ip"), CONFD_OK);

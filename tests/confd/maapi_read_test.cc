@@ -285,6 +285,29 @@ TEST_F(MaapiRead, QuotedKeysMayHoldBlanksAndBraces) {
         std::vector<std::string>{"a b{c}\"d"});
 }
 
+// A path read again right away (an existence check, then the value) is
+// found where the last read left it, on its own tree only.
+TEST_F(MaapiRead, ThePathReadLastIsReadAgainOnEachTree) {
+    ipapp_test::ConfdFixture other{"", R"(
+<config xmlns="urn:ipapp:yang:device-config"><interface>
+  <l3 xmlns="urn:ipapp:yang:ipapp"><name>5</name><vrf>blue</vrf></l3>
+</interface></config>)"};
+    const char* vrf = "/config/interface/l3{5}/vrf";
+    const char* secondary = "/config/interface/l3{5}/ipv4/address/secondary";
+    char name[16];
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_EQ(maapi_exists(s, th, "%s", vrf), 1);
+        ASSERT_EQ(maapi_get_str_elem(s, th, name, sizeof name, "%s", vrf), CONFD_OK);
+        EXPECT_STREQ(name, "red");
+        ASSERT_EQ(
+            maapi_get_str_elem(other.maapi_socket(), other.thandle(), name, sizeof name, "%s", vrf),
+            CONFD_OK);
+        EXPECT_STREQ(name, "blue");
+        EXPECT_EQ(maapi_num_instances(s, th, "%s", secondary), 2);
+        EXPECT_EQ(maapi_num_instances(other.maapi_socket(), other.thandle(), "%s", secondary), 0);
+    }
+}
+
 TEST_F(MaapiRead, KeypathTemplatesResolveTagsByHash) {
     const confdstore::Keypath kp = confd.datastore().keypath("/config/interface/l3{5}/ipv6/nd/ra");
     u_int16_t value = 0;

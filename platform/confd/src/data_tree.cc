@@ -1,5 +1,6 @@
 #include "data_tree.h"
 
+#include <atomic>
 #include <cstring>
 #include <string_view>
 
@@ -40,10 +41,15 @@ bool blank(std::string_view text) {
     return text.find_first_not_of(" \t\r\n") == std::string::npos;
 }
 
+uint64_t next_serial() {
+    static std::atomic<uint64_t> last{0};
+    return ++last;
+}
+
 }  // namespace
 
 Tree::Tree(std::shared_ptr<const Schema> schema, lyd_node* root)
-    : schema_(std::move(schema)), root_(root), top_level_(root) {}
+    : schema_(std::move(schema)), serial_(next_serial()), root_(root), top_level_(root) {}
 
 Tree::~Tree() {
     if (!schema_->abandoned()) {

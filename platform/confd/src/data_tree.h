@@ -38,6 +38,11 @@ class Tree {
     Tree& operator=(const Tree&) = delete;
 
     const Schema& schema() const { return *schema_; }
+
+    // A number no other tree of this process has had: what remembers
+    // something about a tree goes by it, as a freed tree's address may be
+    // taken by another.
+    uint64_t serial() const { return serial_; }
     const std::shared_ptr<const Schema>& schema_ptr() const { return schema_; }
 
     // The first node among parent's children (the top-level nodes for nullptr).
@@ -61,6 +66,7 @@ class Tree {
     Tree(std::shared_ptr<const Schema> schema, lyd_node* root);
 
     std::shared_ptr<const Schema> schema_;
+    uint64_t serial_;
     lyd_node* root_;
     TopLevelIndex top_level_;
     mutable std::mutex mutex_;

@@ -44,10 +44,14 @@ int parse_request(const char* fmt, va_list args, PathRequest& request) {
         !parse_path(request.formatted.path, request.formatted.values, request.steps, error)) {
         return fail(CONFD_ERR_BADPATH, "bad path: " + error);
     }
-    if (CallTrace* call = CallTrace::current()) {
-        call->set_path(normalized_path(request.steps));
-    }
+    trace_path(request.steps);
     return CONFD_OK;
+}
+
+void trace_path(const std::vector<PathStep>& steps) {
+    if (CallTrace* call = CallTrace::current()) {
+        call->set_path(normalized_path(steps));
+    }
 }
 
 int locate(const Tree& tree, const std::vector<PathStep>& steps, Location& where) {

@@ -35,6 +35,10 @@ std::optional<TypedValue> key_value(const Schema& schema, const lysc_node* leaf,
 // CONFD_OK, or CONFD_ERR with confd_errno CONFD_ERR_BADPATH.
 int parse_request(const char* fmt, va_list args, PathRequest& request);
 
+// Names the path of the call being traced, if tracing is on (parse_request
+// does it for the paths it parses).
+void trace_path(const std::vector<PathStep>& steps);
+
 struct Location {
     std::vector<const lysc_node*> chain;  // the schema node of each step
     const lyd_node* parent = nullptr;     // instance holding the last step (nullptr: top level)
