@@ -308,6 +308,57 @@ TEST_F(MaapiRead, ThePathReadLastIsReadAgainOnEachTree) {
     }
 }
 
+// What reading path gives: its existence, then its value or error.
+std::string ReadOutcome(int s, int th, const char* path) {
+    std::string text = "exists " + outcome(maapi_exists(s, th, "%s", path));
+    confd_value_t v;
+    const int read = maapi_get_elem(s, th, &v, "%s", path);
+    text += ", value " + (read == CONFD_OK ? pp(v) : outcome(read));
+    if (read == CONFD_OK) {
+        confd_free_value(&v);
+    }
+    return text;
+}
+
+// A path read right after another that shares its first steps gives what it
+// gives after an unrelated read: the steps taken over are whole steps of
+// both, keys holding '/' included, and are checked as the new path needs.
+TEST_F(MaapiRead, APathReadAfterOneSharingItsFirstStepsReadsAsAlone) {
+    struct Case {
+        const char* before;
+        const char* path;
+    } cases[] = {
+        {"/config/interface/l3{5}/ipv4/address/secondary",
+         "/config/interface/l3{5}/ipv4/address/secondary{10.0.3.1/24}/ip"},
+        {"/config/interface/l3{5}/ipv4/address/secondary{10.0.3.1/24}",
+         "/config/interface/l3{5}/ipv4/address/secondary{10.0.3.1/25}"},
+        {"/config/interface/l3{5}/ipv4/address/secondary{10.0.3.1/2}",
+         "/config/interface/l3{5}/ipv4/address/secondary{10.0.3.1/24}/ip"},
+        {"/config/interface/l3", "/config/interface/l3/vrf"},
+        {"/config/interface/l3{5}/vrf", "/config/interface/l3{5}/vrf/name"},
+        {"/config/interface/l3{5}/vrf", "/config/interface/l3{5}/vrfs"},
+        {"/config/interface/l3{5}/vrf", "/config/interface/l3{5}"},
+        {"/config/interface/l3{5}/vrf", "/config/interface/l3{5}/ipv4/address/ip{1}"},
+        {"/config/interface/l3{5}/vrf", "/config/interface/l3{5}//vrf"},
+        {"/config/interface/l3{5}/vrf", "/config/interface/l3{5}/ipv6/address{zz}/ip"},
+        {"/config/interface/l3{7}/vrf", "/config/interface/l3{7}"},
+        {"/config/interface/l3{7}/vrf", "/config/interface/l3{7}/ipv6/address{zz}/ip"},
+        {"/config/interface/l3{7}", "/config/interface/l3{7}/ipv4/address/ip"},
+        {"/config/interface/l3{10}/vrf", "/config/interface/l3{5}/vrf"},
+        {"/internal/ospf-index-to-proc-id{7}/proc_id",
+         "/internal/ospf-index-to-proc-id{7}/vrf_name"},
+    };
+    for (const Case& c : cases) {
+        maapi_exists(s, th, "%s", "/internal");
+        const std::string alone = ReadOutcome(s, th, c.path);
+        maapi_exists(s, th, "%s", c.before);
+        EXPECT_EQ(ReadOutcome(s, th, c.path), alone) << c.before << " then " << c.path;
+    }
+    maapi_exists(s, th, "%s", "/config/interface/l3");
+    EXPECT_EQ(confd_test::cursor_keys(s, th, "/config/interface/l3"),
+              (std::vector<std::string>{"10", "2", "5"}));
+}
+
 TEST_F(MaapiRead, KeypathTemplatesResolveTagsByHash) {
     const confdstore::Keypath kp = confd.datastore().keypath("/config/interface/l3{5}/ipv6/nd/ra");
     u_int16_t value = 0;

@@ -54,7 +54,12 @@ void trace_path(const std::vector<PathStep>& steps) {
     }
 }
 
-int locate(const Tree& tree, const std::vector<PathStep>& steps, Location& where) {
+int locate(const Tree& tree, const std::vector<PathStep>& steps, Location& where, size_t known) {
+    where.chain.resize(known);
+    where.instances.resize(steps.size());
+    where.parent = nullptr;
+    where.parent_exists = true;
+    where.whole_list = false;
     std::string error;
     if (!resolve_schema(tree.schema(), steps, where.chain, error)) {
         return fail(CONFD_ERR_BADPATH, error);
@@ -66,10 +71,13 @@ int locate(const Tree& tree, const std::vector<PathStep>& steps, Location& where
         const bool last = i + 1 == steps.size();
         const bool keyed_list = node->nodetype == LYS_LIST && steps[i].keyed;
         std::string key;
-        if (keyed_list && encode_keys(tree.schema(), steps[i], node, key) != CONFD_OK) {
+        if (i >= known && keyed_list &&
+            encode_keys(tree.schema(), steps[i], node, key) != CONFD_OK) {
             return CONFD_ERR;
         }
         where.whole_list = node->nodetype == LYS_LIST && !keyed_list;
+        const lyd_node* known_instance = i < known ? where.instances[i] : nullptr;
+        where.instances[i] = nullptr;
         if (!exists) {
             continue;
         }
@@ -79,13 +87,15 @@ int locate(const Tree& tree, const std::vector<PathStep>& steps, Location& where
         if (where.whole_list) {
             break;
         }
-        const lyd_node* found =
-            keyed_list ? tree.list(current, node).find(key) : tree.first_instance(current, node);
+        const lyd_node* found = i < known    ? known_instance
+                                : keyed_list ? tree.list(current, node).find(key)
+                                             : tree.first_instance(current, node);
         if (found == nullptr) {
             exists = false;
             where.parent_exists = last;
             continue;
         }
+        where.instances[i] = found;
         current = found;
     }
     where.node = exists && !where.whole_list ? current : nullptr;

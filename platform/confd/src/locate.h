@@ -41,15 +41,21 @@ void trace_path(const std::vector<PathStep>& steps);
 
 struct Location {
     std::vector<const lysc_node*> chain;  // the schema node of each step
-    const lyd_node* parent = nullptr;     // instance holding the last step (nullptr: top level)
-    bool parent_exists = true;            // every step before the last exists
-    const lyd_node* node = nullptr;       // the last step's instance, if it exists
-    bool whole_list = false;              // the last step is a list given without keys
+    // The instance of each step; nullptr from the first that does not exist,
+    // and for a list given without keys.
+    std::vector<const lyd_node*> instances;
+    const lyd_node* parent = nullptr;  // instance holding the last step (nullptr: top level)
+    bool parent_exists = true;         // every step before the last exists
+    const lyd_node* node = nullptr;    // the last step's instance, if it exists
+    bool whole_list = false;           // the last step is a list given without keys
 };
 
 // CONFD_OK, or CONFD_ERR with confd_errno CONFD_ERR_BADPATH for a path that
 // does not fit the schema (unknown node, keys of the wrong number or type).
-int locate(const Tree& tree, const std::vector<PathStep>& steps, Location& where);
+// The first `known` steps are taken as where's chain and instances hold them
+// (located before in the same tree, none of them the last step then unless
+// it is the last now); the others are resolved and found.
+int locate(const Tree& tree, const std::vector<PathStep>& steps, Location& where, size_t known = 0);
 
 }  // namespace confd::detail
 

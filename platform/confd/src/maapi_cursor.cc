@@ -12,7 +12,7 @@
 #include "error_state.h"
 #include "fault_injection.h"
 #include "list_index.h"
-#include "locate.h"
+#include "located_path.h"
 #include "typed_value.h"
 #include "value_text.h"
 
@@ -55,14 +55,13 @@ int open_cursor(int sock, int thandle, maapi_cursor* mc, const char* fmt, va_lis
     if (confd::detail::transaction(sock, thandle, view) != CONFD_OK) {
         return CONFD_ERR;
     }
-    confd::detail::PathRequest request;
-    confd::detail::Location where;
-    if (confd::detail::parse_request(fmt, args, request) != CONFD_OK ||
-        confd::detail::injected_fault("maapi_init_cursor", request.steps) != CONFD_OK ||
-        confd::detail::locate(*view.tree, request.steps, where) != CONFD_OK) {
+    const confd::detail::LocatedPath* located =
+        confd::detail::locate_path("maapi_init_cursor", *view.tree, fmt, args);
+    if (located == nullptr) {
         return CONFD_ERR;
     }
-    const std::string path = confd::detail::normalized_path(request.steps);
+    const confd::detail::Location& where = located->where;
+    const std::string path = confd::detail::normalized_path(located->request.steps);
     if (!where.whole_list) {
         return confd::detail::fail(CONFD_ERR_BADPATH, path + " is not a list");
     }

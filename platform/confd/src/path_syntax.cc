@@ -18,8 +18,8 @@ constexpr char kKeyPartEnds[] = {' ', '\t', '}', '{', '"', kValueOpen, '\0'};
 
 class PathParser {
   public:
-    PathParser(std::string_view text, const std::vector<confd_value_t>& values)
-        : text_(text), values_(values) {}
+    PathParser(std::string_view text, const std::vector<confd_value_t>& values, size_t from)
+        : text_(text), values_(values), pos_(from) {}
 
     bool parse(std::vector<PathStep>& steps, std::string& error);
 
@@ -39,7 +39,7 @@ class PathParser {
 
     std::string_view text_;
     const std::vector<confd_value_t>& values_;
-    size_t pos_ = 0;
+    size_t pos_;
 };
 
 bool PathParser::parse(std::vector<PathStep>& steps, std::string& error) {
@@ -53,9 +53,11 @@ bool PathParser::parse(std::vector<PathStep>& steps, std::string& error) {
             return fail(error, "expected '/'");
         }
         ++pos_;
-        if (!parse_step(steps.emplace_back(), error)) {
+        PathStep& step = steps.emplace_back();
+        if (!parse_step(step, error)) {
             return false;
         }
+        step.end = pos_;
     }
     return true;
 }
@@ -224,8 +226,8 @@ bool parse_path_text(std::string_view text, std::vector<PathStep>& steps, std::s
 }
 
 bool parse_path(std::string_view text, const std::vector<confd_value_t>& values,
-                std::vector<PathStep>& steps, std::string& error) {
-    PathParser parser(text, values);
+                std::vector<PathStep>& steps, std::string& error, size_t from) {
+    PathParser parser(text, values, from);
     return parser.parse(steps, error);
 }
 

@@ -28,6 +28,7 @@ struct PathStep {
     std::optional<xml_tag> tag;  // a step from a keypath: the node by hash
     bool keyed = false;
     std::vector<KeyToken> keys;
+    size_t end = 0;  // offset just past the step in the text it was parsed from
 };
 
 // The characters a path's text may not hold: the marker bytes of expanded
@@ -46,10 +47,12 @@ bool check_path_characters(std::string_view text, Forbidden forbidden, std::stri
 // parse_path does.
 bool parse_path_text(std::string_view text, std::vector<PathStep>& steps, std::string& error);
 
-// Splits an expanded path into steps; false with a message when malformed.
+// Splits an expanded path into steps, appended to steps; false with a
+// message when malformed. Parsing starts at offset from, the '/' of a step
+// (0: the whole text); offsets in messages count from the text's start.
 // Tokens point into values, which must outlive the steps.
 bool parse_path(std::string_view text, const std::vector<confd_value_t>& values,
-                std::vector<PathStep>& steps, std::string& error);
+                std::vector<PathStep>& steps, std::string& error, size_t from = 0);
 
 // The path in one spelling: no module prefixes, keys as key_text separated
 // by one blank. Used to compare paths written differently.

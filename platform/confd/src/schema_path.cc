@@ -28,9 +28,9 @@ bool check_keys(const Schema& schema, const PathStep& step, const lysc_node* nod
 
 bool resolve_schema(const Schema& schema, const std::vector<PathStep>& steps,
                     std::vector<const lysc_node*>& chain, std::string& error) {
-    const lysc_node* parent = nullptr;
-    chain.reserve(chain.size() + steps.size());
-    for (size_t i = 0; i < steps.size(); ++i) {
+    const lysc_node* parent = chain.empty() ? nullptr : chain.back();
+    chain.reserve(steps.size());
+    for (size_t i = chain.size(); i < steps.size(); ++i) {
         const PathStep& step = steps[i];
         const lysc_node* node = nullptr;
         if (step.tag) {

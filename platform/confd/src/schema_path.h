@@ -12,9 +12,10 @@
 
 namespace confd::detail {
 
-// The schema node of each step. False with a message for an unknown or
-// ambiguous node, keys on a node that is not a list, a wrong number of keys,
-// or a list without keys before the last step.
+// The schema node of each step, appended to chain, which holds those of the
+// steps before it (steps[chain.size()] is the first resolved). False with a
+// message for an unknown or ambiguous node, keys on a node that is not a
+// list, a wrong number of keys, or a list without keys before the last step.
 bool resolve_schema(const Schema& schema, const std::vector<PathStep>& steps,
                     std::vector<const lysc_node*>& chain, std::string& error);
 
