@@ -70,10 +70,11 @@ std::shared_ptr<const KeypathData> keypath_of_node(const Schema& schema, const l
     for (const lyd_node* n = node; n != nullptr; n = lyd_parent(n)) {
         if (!schema.keys(n->schema).empty()) {
             size_t k = 0;
-            for (const lyd_node* leaf : key_leaves(schema, n)) {
+            for_each_key_leaf(schema, n, [&](const lyd_node* leaf) {
                 data->values.push_back(TypedValue::of_node(leaf).value_or(TypedValue()));
                 data->hkp.v[level][k++] = data->values.back().view();
-            }
+                return true;
+            });
             end_level(k);
         }
         data->values.push_back(

@@ -3,37 +3,20 @@
 #include <algorithm>
 
 #include "key_order.h"
-#include "schema.h"
 #include "typed_value.h"
 
 namespace confd::detail {
 
-std::vector<const lyd_node*> key_leaves(const Schema& schema, const lyd_node* entry) {
-    std::vector<const lyd_node*> leaves;
-    const lyd_node* expected = lyd_child(entry);
-    for (const lysc_node* key_schema : schema.keys(entry->schema)) {
-        const lyd_node* leaf = expected;
-        if (leaf == nullptr || leaf->schema != key_schema) {
-            lyd_node* found = nullptr;
-            lyd_find_sibling_val(lyd_child(entry), key_schema, nullptr, 0, &found);
-            leaf = found;
-        }
-        leaves.push_back(leaf);
-        expected = leaf != nullptr ? leaf->next : nullptr;
-    }
-    return leaves;
-}
-
 std::optional<std::string> entry_key(const Schema& schema, const lyd_node* entry) {
     std::string key;
-    for (const lyd_node* leaf : key_leaves(schema, entry)) {
+    const bool converted = for_each_key_leaf(schema, entry, [&key](const lyd_node* leaf) {
         auto value = TypedValue::of_node(leaf);
-        if (!value) {
-            return std::nullopt;
+        if (value) {
+            append_order_key(key, value->view());
         }
-        append_order_key(key, value->view());
-    }
-    return key;
+        return value.has_value();
+    });
+    return converted ? std::optional<std::string>(std::move(key)) : std::nullopt;
 }
 
 ListIndex::ListIndex(const Schema& schema, const lyd_node* first, const lysc_node* list) {
@@ -41,8 +24,10 @@ ListIndex::ListIndex(const Schema& schema, const lyd_node* first, const lysc_nod
          entry = entry->next) {
         by_key_.emplace_back(entry_key(schema, entry).value_or(std::string()), entry);
     }
-    std::stable_sort(by_key_.begin(), by_key_.end(),
-                     [](const auto& a, const auto& b) { return a.first < b.first; });
+    if (by_key_.size() > 1) {
+        std::stable_sort(by_key_.begin(), by_key_.end(),
+                         [](const auto& a, const auto& b) { return a.first < b.first; });
+    }
     const bool user_order = (list->flags & LYS_ORDBY_USER) != 0;
     entries_.reserve(by_key_.size());
     if (user_order) {

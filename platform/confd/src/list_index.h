@@ -15,9 +15,9 @@
 #include <utility>
 #include <vector>
 
-namespace confd::detail {
+#include "schema.h"
 
-class Schema;
+namespace confd::detail {
 
 class ListIndex {
   public:
@@ -35,10 +35,27 @@ class ListIndex {
     std::vector<const lyd_node*> entries_;
 };
 
-// The key leaves of a list entry, in key order (nullptr for a missing one).
-// libyang keeps them first, in that order, so each is looked for only when
-// it is not where it should be.
-std::vector<const lyd_node*> key_leaves(const Schema& schema, const lyd_node* entry);
+// Calls visit with each key leaf of a list entry, in key order (nullptr for
+// a missing one), until visit returns false; false then. libyang keeps them
+// first, in that order, so each is looked for only when it is not where it
+// should be.
+template <typename Visit>
+bool for_each_key_leaf(const Schema& schema, const lyd_node* entry, Visit visit) {
+    const lyd_node* expected = lyd_child(entry);
+    for (const lysc_node* key_schema : schema.keys(entry->schema)) {
+        const lyd_node* leaf = expected;
+        if (leaf == nullptr || leaf->schema != key_schema) {
+            lyd_node* found = nullptr;
+            lyd_find_sibling_val(lyd_child(entry), key_schema, nullptr, 0, &found);
+            leaf = found;
+        }
+        if (!visit(leaf)) {
+            return false;
+        }
+        expected = leaf != nullptr ? leaf->next : nullptr;
+    }
+    return true;
+}
 
 // The encoded key values of a list entry; nullopt when a key does not convert.
 std::optional<std::string> entry_key(const Schema& schema, const lyd_node* entry);

@@ -79,12 +79,16 @@ int open_cursor(int sock, int thandle, maapi_cursor* mc, const char* fmt, va_lis
 // Makes the keys of entry the cursor's current keys.
 int load_keys(maapi_cursor* mc, CursorState& state, const lyd_node* entry) {
     state.keys.clear();
-    for (const lyd_node* leaf : confd::detail::key_leaves(state.tree->schema(), entry)) {
-        auto value = confd::detail::TypedValue::of_node(leaf);
-        if (!value) {
-            return confd::detail::fail(CONFD_ERR_BADTYPE, state.path + ": a key does not convert");
-        }
-        state.keys.push_back(std::move(*value));
+    const bool converted = confd::detail::for_each_key_leaf(
+        state.tree->schema(), entry, [&state](const lyd_node* leaf) {
+            auto value = confd::detail::TypedValue::of_node(leaf);
+            if (value) {
+                state.keys.push_back(std::move(*value));
+            }
+            return value.has_value();
+        });
+    if (!converted) {
+        return confd::detail::fail(CONFD_ERR_BADTYPE, state.path + ": a key does not convert");
     }
     for (size_t i = 0; i < state.keys.size() && i < MAXKEYLEN; ++i) {
         mc->keys[i] = state.keys[i].view();
