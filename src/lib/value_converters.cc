@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <cstring>
 
 #include "ip_app_valid/generic_config.h"
@@ -71,15 +70,18 @@ nettypes::IPv6AddrMask GenericConfig::get_ipv6_addr_mask(const confd_value_t& ad
 }
 
 std::string GenericConfig::get_hex_from_bin(const confd_value_t& value) const {
+    static constexpr char kDigits[] = "0123456789abcdef";
     std::string hex;
     if (value.type != C_BINARY) {
         return hex;
     }
+    hex.reserve(value.val.buf.size * 3);
     for (unsigned i = 0; i < value.val.buf.size; ++i) {
-        char byte[3];
-        std::snprintf(byte, sizeof byte, "%02x", value.val.buf.ptr[i]);
-        hex += i == 0 ? "" : ":";
-        hex += byte;
+        if (i != 0) {
+            hex += ':';
+        }
+        hex += kDigits[value.val.buf.ptr[i] >> 4];
+        hex += kDigits[value.val.buf.ptr[i] & 0x0f];
     }
     return hex;
 }
