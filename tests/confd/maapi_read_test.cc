@@ -2,6 +2,7 @@
 #include <arpa/inet.h>
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <utility>
 
 #include "project_data.h"
@@ -235,6 +236,36 @@ TEST_F(MaapiRead, MalformedAndHostilePathsAreBadPaths) {
     EXPECT_EQ(maapi_exists(s, th, "/config/interface/l3{%n}", nullptr), CONFD_ERR);
     EXPECT_EQ(outcome(maapi_exists(s, th, "/config/interface/l3{%999999999d}", 5)),
               error(CONFD_ERR_BADPATH, "bad path: path too long"));
+}
+
+// Numbers in templates print as printf prints them, whatever the
+// conversion's flags, precision and length (%x takes a value, not a
+// number): a number key that is not a number shows the text in its refusal.
+TEST_F(MaapiRead, NumbersInTemplatesPrintAsPrintfDoes) {
+    const char* const path = "/internal/ospf-index-to-proc-id{%sz}/proc_id";
+    const auto refusal = [](const std::string& text) {
+        return error(
+            CONFD_ERR_BADPATH,
+            "bad value '" + text + "z' for key 'ospf-pm-compound-id' of 'ospf-index-to-proc-id'");
+    };
+    const auto expanded = [&](const char* conversion, auto number) {
+        char text[64];
+        std::snprintf(text, sizeof text, conversion, number);
+        char fmt[128];
+        std::snprintf(fmt, sizeof fmt, path, conversion);
+        EXPECT_EQ(outcome(maapi_exists(s, th, fmt, number)), refusal(text)) << conversion;
+    };
+    expanded("%d", 7);
+    expanded("%d", -2147483647 - 1);
+    expanded("%i", -42);
+    expanded("%u", 4294967295u);
+    expanded("%u", 0u);
+    expanded("%05d", 42);
+    expanded("%.3u", 42u);
+    expanded("%+d", 42);
+    expanded("%o", 255u);
+    expanded("%lu", 18446744073709551615ul);
+    expanded("%lld", -9000000000ll);
 }
 
 // Data may hold keys with control characters, and the plug-in puts keys it

@@ -1,10 +1,12 @@
 #include "path_format.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
+#include <iterator>
 #include <string>
 #include <string_view>
 
@@ -38,6 +40,8 @@ class Expander {
     bool print_conversion(const Conversion& conversion, std::string& error);
     template <typename T>
     bool print(const Conversion& conversion, T argument, std::string& error);
+    template <typename T>
+    bool print_decimal(const Conversion& conversion, T argument, std::string& error);
     bool append_text(std::string_view text, std::string& error);
     bool append_value(const confd_value_t* value, std::string& error);
     bool append_values(std::string& error);
@@ -172,6 +176,19 @@ bool Expander::print(const Conversion& conversion, T argument, std::string& erro
     return append_text(text, error);
 }
 
+// A plain "%d", "%i" or "%u" prints as std::to_chars writes the number;
+// anything else goes through printf.
+template <typename T>
+bool Expander::print_decimal(const Conversion& conversion, T argument, std::string& error) {
+    if (conversion.directive.size() != 2) {
+        return print(conversion, argument, error);
+    }
+    char digits[24];
+    const auto printed = std::to_chars(std::begin(digits), std::end(digits), argument);
+    out_.text.append(digits, printed.ptr);
+    return true;
+}
+
 bool Expander::print_conversion(const Conversion& c, std::string& error) {
     const std::string& l = c.length;
     switch (c.letter) {
@@ -189,7 +206,7 @@ bool Expander::print_conversion(const Conversion& c, std::string& error) {
             if (l == "z" || l == "t") {
                 return print(c, va_arg(args_, ptrdiff_t), error);
             }
-            return print(c, va_arg(args_, int), error);
+            return print_decimal(c, va_arg(args_, int), error);
         case 'o':
         case 'u':
         case 'x':
@@ -206,7 +223,8 @@ bool Expander::print_conversion(const Conversion& c, std::string& error) {
             if (l == "z" || l == "t") {
                 return print(c, va_arg(args_, size_t), error);
             }
-            return print(c, va_arg(args_, unsigned int), error);
+            return c.letter == 'u' ? print_decimal(c, va_arg(args_, unsigned int), error)
+                                   : print(c, va_arg(args_, unsigned int), error);
         case 'e':
         case 'E':
         case 'f':
