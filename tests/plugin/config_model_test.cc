@@ -1,5 +1,4 @@
-// The configuration model: read-once flags, the interface readers' order and
-// the keypath's interface kind.
+// The configuration model: read-once flags and the keypath's interface kind.
 #include "ip_app_valid/confd_api.h"
 
 #include <gtest/gtest.h>
@@ -15,7 +14,6 @@ using ip_application::config_valid::Config;
 using ip_application::config_valid::ConfigAddrFamily;
 using ip_application::config_valid::GenericConfig;
 using ip_application::config_valid::InterfaceType;
-using ip_application::config_valid::LoConfig;
 
 // A reader that records the families it was asked to read; a read of family
 // 6 throws while fail_ipv6 is set.
@@ -61,21 +59,6 @@ TEST(ReadConfigIfNeeded, ReadsEachFamilyOnceIgnoresOthersAndRetriesAThrowingRead
     }
 }
 
-TEST(IntfByType, SearchesTheReadersInManagementLayer3LoopbackOrder) {
-    Config config;
-    EXPECT_EQ(config.intf_by_type(InterfaceType::Mgmt), &config.mgmt_config);
-    EXPECT_EQ(config.intf_by_type(InterfaceType::L3), &config.l3_config);
-    EXPECT_EQ(config.intf_by_type(InterfaceType::Lo), &config.lo_config);
-    EXPECT_EQ(config.intf_by_type(InterfaceType::Unknown), nullptr);
-    EXPECT_EQ(config.interface_configs,
-              (std::vector<ip_application::config_valid::InterfaceConfig*>{
-                  &config.mgmt_config, &config.l3_config, &config.lo_config}));
-    // The first reader of a kind in the list is the one found.
-    LoConfig other_loopbacks;
-    config.interface_configs.insert(config.interface_configs.begin(), &other_loopbacks);
-    EXPECT_EQ(config.intf_by_type(InterfaceType::Lo), &other_loopbacks);
-}
-
 TEST(IntfTypeFromConfdPath, MapsTheInnermostTagToTheInterfaceKind) {
     struct Case {
         int len;
@@ -96,10 +79,6 @@ TEST(IntfTypeFromConfdPath, MapsTheInnermostTagToTheInterfaceKind) {
         EXPECT_EQ(Config::intf_type_from_confd_path(&keypath), c.type)
             << "len " << c.len << " tag " << std::hex << c.tag;
     }
-    // An empty keypath is not looked into, whatever its first element holds.
-    confd_hkeypath_t empty{};
-    CONFD_SET_UINT32(&empty.v[0][0], 5);
-    EXPECT_EQ(Config::intf_type_from_confd_path(&empty), InterfaceType::Unknown);
 }
 
 }  // namespace

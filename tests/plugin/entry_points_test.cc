@@ -58,7 +58,6 @@ TEST(ValidationPointTable, MatchesTheModelPointForPoint) {
 
 TEST(GetValidationPoint, WritesTheLibraryNameCutToTheBuffer) {
     const std::pair<unsigned, std::string> cases[] = {
-        {18, "ip_app_validation"},
         {17, "ip_app_validatio"},
         {0, ""},
     };
