@@ -138,11 +138,12 @@ std::string Mgmt(const std::string& name, const std::string& body) {
 }
 
 std::string IPv4(const std::string& primary, const std::vector<std::string>& secondaries) {
-    return Element(
-        "ipv4", Element("address", Element("ip", primary) + AddressList("secondary", secondaries)));
+    const std::string ip = primary.empty() ? "" : Element("ip", primary);
+    return Element("ipv4", Element("address", ip + AddressList("secondary", secondaries)));
 }
-std::string IPv6(const std::vector<std::string>& addrs) {
-    return Element("ipv6", AddressList("address", addrs));
+std::string IPv6(const std::vector<std::string>& addrs, const std::string& ra_leaves) {
+    const std::string nd = ra_leaves.empty() ? "" : Element("nd", Element("ra", ra_leaves));
+    return Element("ipv6", AddressList("address", addrs) + nd);
 }
 std::string Vrf(const std::string& name) {
     return Element("vrf", name);
@@ -176,6 +177,11 @@ std::string Routes(const std::vector<RouteRow>& rows) {
 
 std::string Internal(const std::string& entries) {
     return std::string("<internal xmlns=\"") + kInternalNs + "\">" + entries + "</internal>";
+}
+
+std::string VrfConfig(size_t number, const std::string& name) {
+    return Element("vrf-config", Element("indexTOstring", Element("n", std::to_string(number)) +
+                                                              Element("vname", name)));
 }
 
 std::string OspfInterface(const std::string& compound, const std::string& area,

@@ -79,10 +79,11 @@ std::string Interfaces(const std::string& entries);
 std::string L3(const std::string& name, const std::string& body = "");
 std::string Mgmt(const std::string& name, const std::string& body = "");
 
-// The IPv4 address leaves of an l3 or mgmt interface (secondaries: l3 only),
-// and the IPv6 addresses of any kind.
+// The IPv4 address leaves of an l3 or mgmt interface (secondaries: l3 only;
+// an empty primary is left out), and the IPv6 container of any kind: its
+// addresses and the router advertisement leaves given (nd/ra).
 std::string IPv4(const std::string& primary, const std::vector<std::string>& secondaries = {});
-std::string IPv6(const std::vector<std::string>& addrs);
+std::string IPv6(const std::vector<std::string>& addrs, const std::string& ra_leaves = "");
 std::string Vrf(const std::string& name);
 std::string Vlan(int32_t vlan);
 
@@ -102,6 +103,8 @@ std::string Routes(const std::vector<RouteRow>& rows);
 
 // The internal tables around their entries.
 std::string Internal(const std::string& entries);
+// The VRF name table with one entry.
+std::string VrfConfig(size_t number, const std::string& name);
 std::string OspfInterface(const std::string& compound, const std::string& area,
                           const std::string& intf, const std::string& addr, int netmask);
 std::string OspfProcess(uint32_t compound, uint32_t process_id, const std::string& vrf);

@@ -5,32 +5,25 @@
  */
 #include <gtest/gtest.h>
 
+#include "config_xml.h"
 #include "test_util.h"
 
 namespace {
 
-constexpr const char* kRunning = R"(
-<config xmlns="urn:ipapp:yang:device-config"><interface>
-  <l3 xmlns="urn:ipapp:yang:ipapp"><name>5</name>
-    <ipv6><nd><ra><max-interval>600</max-interval></ra></nd></ipv6></l3>
-  <l3 xmlns="urn:ipapp:yang:ipapp"><name>6</name>
-    <lower-layer-if><vlan>6</vlan></lower-layer-if></l3>
-  <mgmt xmlns="urn:ipapp:yang:ipapp"><name>0</name></mgmt>
-</interface></config>
-<internal xmlns="urn:ipapp:yang:metacli-internal">
-  <vrf-config><indexTOstring><n>1</n><vname>a</vname></indexTOstring></vrf-config>
-</internal>)";
+using ipapp_generator::Element;
+using ipapp_generator::Interfaces;
+using ipapp_generator::IPv6;
+using ipapp_generator::L3;
+using ipapp_generator::Mgmt;
+
+const std::string kRunning = Interfaces(L3("5", IPv6({}, Element("max-interval", "600"))) +
+                                        L3("6", ipapp_generator::Vlan(6)) + Mgmt("0")) +
+                             ipapp_generator::Internal(ipapp_generator::VrfConfig(1, "a"));
 
 // l3 5 changes a timer, 6 loses its VLAN (its lower-layer-if container stays,
 // implicitly), 7 is new; the VRF table is gone.
-constexpr const char* kCandidate = R"(
-<config xmlns="urn:ipapp:yang:device-config"><interface>
-  <l3 xmlns="urn:ipapp:yang:ipapp"><name>5</name>
-    <ipv6><nd><ra><max-interval>500</max-interval></ra></nd></ipv6></l3>
-  <l3 xmlns="urn:ipapp:yang:ipapp"><name>6</name></l3>
-  <l3 xmlns="urn:ipapp:yang:ipapp"><name>7</name></l3>
-  <mgmt xmlns="urn:ipapp:yang:ipapp"><name>0</name></mgmt>
-</interface></config>)";
+const std::string kCandidate =
+    Interfaces(L3("5", IPv6({}, Element("max-interval", "500"))) + L3("6") + L3("7") + Mgmt("0"));
 
 class Changes : public ::testing::Test {
   protected:

@@ -34,7 +34,7 @@ constexpr const char* kLists = R"(
 // their bytes, several keys key by key; ordered-by user lists as written.
 TEST(CursorOrder, SystemOrderIsKeyOrderAndUserOrderIsAsWritten) {
     ipapp_test::ConfdFixture lists(confd_test::test_schema(), "", kLists);
-    ipapp_test::ConfdFixture project("", confd_test::kCandidate);
+    ipapp_test::ConfdFixture project("", confd_test::Candidate());
     struct Case {
         ipapp_test::ConfdFixture& confd;
         const char* list;
@@ -49,7 +49,7 @@ TEST(CursorOrder, SystemOrderIsKeyOrderAndUserOrderIsAsWritten) {
         {project,
          "/DC-RTM-MIB/rtmStaticRtTable/rtmStaticRtEntry",
          {"0 enum<1> 0a:00:00:00 8 1 0a:01:02:fe",
-          "0 enum<2> 20:01:0d:b8:00:00:00:00:00:00:00:00:00:00:00:00 32 2 "
+          "0 enum<2> 20:01:0d:b8:00:00:00:00:00:00:00:00:00:00:00:00 32 1 "
           "20:01:0d:b8:00:00:00:00:00:00:00:00:00:00:00:02"}},
         {project, "/config/interface/l3{10}/ipv4/address/secondary", {}},
         {project, "/config/interface/l3{99}/ipv4/address/secondary", {}},
@@ -60,7 +60,7 @@ TEST(CursorOrder, SystemOrderIsKeyOrderAndUserOrderIsAsWritten) {
 }
 
 TEST(CursorUse, KeysReadBackAsTheirTypesAndServeAsPathKeys) {
-    ipapp_test::ConfdFixture confd("", confd_test::kCandidate);
+    ipapp_test::ConfdFixture confd("", confd_test::Candidate());
     const int s = confd.maapi_socket();
     const int th = confd.thandle();
     maapi_cursor mc;
@@ -89,7 +89,7 @@ TEST(CursorUse, KeysReadBackAsTheirTypesAndServeAsPathKeys) {
 }
 
 TEST(CursorUse, TheCursorOutlivesItsTransaction) {
-    ipapp_test::ConfdFixture confd("", confd_test::kCandidate);
+    ipapp_test::ConfdFixture confd("", confd_test::Candidate());
     maapi_cursor mc;
     ASSERT_EQ(maapi_init_cursor(confd.maapi_socket(), confd.thandle(), &mc, "/config/interface/l3"),
               CONFD_OK);
@@ -100,7 +100,7 @@ TEST(CursorUse, TheCursorOutlivesItsTransaction) {
 }
 
 TEST(CursorUse, BadInitLeavesASafeCursor) {
-    ipapp_test::ConfdFixture confd("", confd_test::kCandidate);
+    ipapp_test::ConfdFixture confd("", confd_test::Candidate());
     const std::pair<const char*, const char*> cases[] = {
         {"/config/interface/l3{5}", "/config/interface/l3{5} is not a list"},
         {"/config/interface/l3{5}/vrf", "/config/interface/l3{5}/vrf is not a list"},

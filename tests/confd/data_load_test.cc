@@ -3,10 +3,15 @@
 
 #include <filesystem>
 
+#include "config_xml.h"
 #include "ipapp_test_support/scratch_directory.h"
 #include "test_util.h"
 
 namespace {
+
+using ipapp_generator::Element;
+using ipapp_generator::Interfaces;
+using ipapp_generator::L3;
 
 std::string load_error(const std::string& file) {
     confdstore::Datastore store(ipapp_test::project_schema());
@@ -23,8 +28,7 @@ TEST(DataLoad, XmlAndJsonFilesLoad) {
     ipapp_test::ConfdFixture confd("", "");
     confd.datastore().load_running(confd_test::write_file(
         dir.path() / "running.xml",
-        R"(<config xmlns="urn:ipapp:yang:device-config"><interface>)"
-        R"(<l3 xmlns="urn:ipapp:yang:ipapp"><name>5</name><vrf>red</vrf></l3></interface></config>)"));
+        ipapp_generator::Interfaces(ipapp_generator::L3("5", ipapp_generator::Vrf("red")))));
     confd.datastore().load_candidate(confd_test::write_file(
         dir.path() / "candidate.json",
         R"({"device-config:config":{"interface":{"ipapp:l3":[{"name":"5","vrf":"blue"}]}}})"));
@@ -45,7 +49,7 @@ TEST(DataLoad, BadInputIsOneLineNamingTheFile) {
     struct Case {
         const char* name;
         const char* suffix;
-        const char* text;
+        std::string text;
         const char* message;
     } cases[] = {
         {"malformed XML", ".xml", "<config xmlns=\"urn:ipapp:yang:device-config\"><interface>", ""},
@@ -53,18 +57,10 @@ TEST(DataLoad, BadInputIsOneLineNamingTheFile) {
         {"unknown element", ".xml",
          "<config xmlns=\"urn:ipapp:yang:device-config\"><nosuch/></config>", "nosuch"},
         {"value of the wrong type", ".xml",
-         "<config xmlns=\"urn:ipapp:yang:device-config\"><interface>"
-         "<l3 xmlns=\"urn:ipapp:yang:ipapp\"><name>5</name>"
-         "<lower-layer-if><vlan>many</vlan></lower-layer-if></l3></interface></config>",
-         "many"},
+         Interfaces(L3("5", Element("lower-layer-if", Element("vlan", "many")))), "many"},
         {"address keeping host bits but out of range", ".xml",
-         "<config xmlns=\"urn:ipapp:yang:device-config\"><interface>"
-         "<l3 xmlns=\"urn:ipapp:yang:ipapp\"><name>5</name><ipv4><address>"
-         "<ip>10.1.2.3/33</ip></address></ipv4></l3></interface></config>",
-         "10.1.2.3/33"},
-        {"missing key", ".xml",
-         "<config xmlns=\"urn:ipapp:yang:device-config\"><interface>"
-         "<l3 xmlns=\"urn:ipapp:yang:ipapp\"><vrf>x</vrf></l3></interface></config>",
+         Interfaces(L3("5", ipapp_generator::IPv4("10.1.2.3/33"))), "10.1.2.3/33"},
+        {"missing key", ".xml", Interfaces(R"(<l3 xmlns="urn:ipapp:yang:ipapp"><vrf>x</vrf></l3>)"),
          "key"},
         {"unknown format", ".txt", "anything", "unknown data format"},
     };

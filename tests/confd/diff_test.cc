@@ -10,34 +10,24 @@
 
 namespace {
 
-constexpr const char* kRunning = R"(
-<config xmlns="urn:ipapp:yang:device-config"><interface>
-  <l3 xmlns="urn:ipapp:yang:ipapp">
-    <name>5</name><vrf>red</vrf>
-    <ipv4><address><secondary><ip>10.1.3.1/24</ip></secondary></address></ipv4>
-    <ipv6><nd><ra><max-interval>600</max-interval></ra></nd></ipv6>
-    <lower-layer-if><vlan>99</vlan></lower-layer-if>
-  </l3>
-  <l3 xmlns="urn:ipapp:yang:ipapp"><name>7</name></l3>
-  <l3 xmlns="urn:ipapp:yang:ipapp"><name>8</name><vrf>blue</vrf></l3>
-</interface></config>)";
+using ipapp_generator::Element;
+using ipapp_generator::Interfaces;
+using ipapp_generator::IPv4;
+using ipapp_generator::IPv6;
+using ipapp_generator::L3;
+using ipapp_generator::Vlan;
+using ipapp_generator::Vrf;
+
+const std::string kRunning =
+    Interfaces(L3("5", Vrf("red") + IPv4("", {"10.1.3.1/24"}) +
+                           IPv6({}, Element("max-interval", "600")) + Vlan(99)) +
+               L3("7") + L3("8", Vrf("blue")));
 
 // Entries written out of key order: the walk delivers them in key order.
-constexpr const char* kCandidate = R"(
-<config xmlns="urn:ipapp:yang:device-config"><interface>
-  <l3 xmlns="urn:ipapp:yang:ipapp"><name>9</name><vrf>green</vrf>
-    <lower-layer-if><vlan>10</vlan></lower-layer-if></l3>
-  <l3 xmlns="urn:ipapp:yang:ipapp"><name>8</name><vrf>blue</vrf></l3>
-  <l3 xmlns="urn:ipapp:yang:ipapp">
-    <name>5</name><vrf>blue</vrf>
-    <ipv4><address>
-      <secondary><ip>10.10.0.1/24</ip></secondary>
-      <secondary><ip>10.1.3.1/24</ip></secondary>
-      <secondary><ip>10.9.9.9/24</ip></secondary>
-    </address></ipv4>
-    <ipv6><nd><ra><max-interval>600</max-interval><min-interval>100</min-interval></ra></nd></ipv6>
-  </l3>
-</interface></config>)";
+const std::string kCandidate = Interfaces(
+    L3("9", Vrf("green") + Vlan(10)) + L3("8", Vrf("blue")) +
+    L3("5", Vrf("blue") + IPv4("", {"10.10.0.1/24", "10.1.3.1/24", "10.9.9.9/24"}) +
+                IPv6({}, Element("max-interval", "600") + Element("min-interval", "100"))));
 
 const char* op_name(enum maapi_iter_op op) {
     static const std::map<enum maapi_iter_op, const char*> names = {{MOP_CREATED, "created"},

@@ -20,7 +20,7 @@ class FaultInjection : public ::testing::Test {
   protected:
     void TearDown() override { faults::reset(); }
 
-    ipapp_test::ConfdFixture confd{confd_test::kCandidate, confd_test::kCandidate};
+    ipapp_test::ConfdFixture confd{confd_test::Candidate(), confd_test::Candidate()};
     int s = confd.maapi_socket();
     int th = confd.thandle();
 };

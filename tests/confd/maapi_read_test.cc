@@ -13,12 +13,15 @@ namespace {
 using confd_test::error;
 using confd_test::outcome;
 using confd_test::pp;
+using ipapp_generator::Interfaces;
+using ipapp_generator::L3;
+using ipapp_generator::Vrf;
 
 constexpr const char* kRoute = "/DC-RTM-MIB/rtmStaticRtTable/rtmStaticRtEntry";
 
 class MaapiRead : public ::testing::Test {
   protected:
-    ipapp_test::ConfdFixture confd{"", confd_test::kCandidate};
+    ipapp_test::ConfdFixture confd{"", confd_test::Candidate()};
     int s = confd.maapi_socket();
     int th = confd.thandle();
 };
@@ -177,7 +180,7 @@ TEST_F(MaapiRead, MultiKeyRoutesMatchKeysByValue) {
             maapi_get_u_int32_elem(s, th, &preference, "%s%s/rtmStaticRtPreference", kRoute, keys),
             CONFD_OK)
             << keys << ": " << confd_lasterr();
-        EXPECT_EQ(preference, 5u) << keys;
+        EXPECT_EQ(preference, 1u) << keys;
     }
     const unsigned char destination[] = {10, 0, 0, 0};
     const unsigned char next_hop[] = {10, 1, 2, 254};
@@ -273,10 +276,7 @@ TEST_F(MaapiRead, NumbersInTemplatesPrintAsPrintfDoes) {
 // printed, and only the marker bytes of expanded templates are refused. A
 // path given as text (Datastore::keypath) holds no control character.
 TEST(MaapiReadKeys, ControlCharactersAreKeyTextInTemplatesOnly) {
-    ipapp_test::ConfdFixture confd{"", R"(
-<config xmlns="urn:ipapp:yang:device-config"><interface>
-  <l3 xmlns="urn:ipapp:yang:ipapp"><name>a&#10;b</name><vrf>v</vrf></l3>
-</interface></config>)"};
+    ipapp_test::ConfdFixture confd{"", Interfaces(L3("a&#10;b", Vrf("v")))};
     const int s = confd.maapi_socket();
     const int th = confd.thandle();
     confd_value_t key;
@@ -304,10 +304,7 @@ TEST(MaapiReadKeys, ControlCharactersAreKeyTextInTemplatesOnly) {
 }
 
 TEST_F(MaapiRead, QuotedKeysMayHoldBlanksAndBraces) {
-    ipapp_test::ConfdFixture quoted{"", R"(
-<config xmlns="urn:ipapp:yang:device-config"><interface>
-  <l3 xmlns="urn:ipapp:yang:ipapp"><name>a b{c}"d</name><vrf>v</vrf></l3>
-</interface></config>)"};
+    ipapp_test::ConfdFixture quoted{"", Interfaces(L3("a b{c}\"d", Vrf("v")))};
     EXPECT_EQ(maapi_exists(quoted.maapi_socket(), quoted.thandle(),
                            "/config/interface/l3{\"a b{c}\\\"d\"}/vrf"),
               1);
@@ -319,10 +316,7 @@ TEST_F(MaapiRead, QuotedKeysMayHoldBlanksAndBraces) {
 // A path read again right away (an existence check, then the value) is
 // found where the last read left it, on its own tree only.
 TEST_F(MaapiRead, ThePathReadLastIsReadAgainOnEachTree) {
-    ipapp_test::ConfdFixture other{"", R"(
-<config xmlns="urn:ipapp:yang:device-config"><interface>
-  <l3 xmlns="urn:ipapp:yang:ipapp"><name>5</name><vrf>blue</vrf></l3>
-</interface></config>)"};
+    ipapp_test::ConfdFixture other{"", Interfaces(L3("5", Vrf("blue")))};
     const char* vrf = "/config/interface/l3{5}/vrf";
     const char* secondary = "/config/interface/l3{5}/ipv4/address/secondary";
     char name[16];

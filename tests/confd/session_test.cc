@@ -14,10 +14,8 @@ namespace {
 using confd_test::error;
 using confd_test::outcome;
 
-constexpr const char* kRunning = R"(
-<config xmlns="urn:ipapp:yang:device-config"><interface>
-  <l3 xmlns="urn:ipapp:yang:ipapp"><name>5</name><lower-layer-if><vlan>99</vlan></lower-layer-if></l3>
-</interface></config>)";
+const std::string kRunning =
+    ipapp_generator::Interfaces(ipapp_generator::L3("5", ipapp_generator::Vlan(99)));
 constexpr const char* kVlan = "/config/interface/l3{5}/lower-layer-if/vlan";
 
 int new_socket() {
@@ -44,7 +42,7 @@ TEST(Sockets, ConnectOnlyWhereADatastoreIsServed) {
 }
 
 TEST(Transactions, HandlesMustBeKnownAndOfTheSocket) {
-    ipapp_test::ConfdFixture confd("", confd_test::kCandidate);
+    ipapp_test::ConfdFixture confd("", confd_test::Candidate());
     const int other = new_socket();
     ASSERT_EQ(maapi_connect(other, confd.address(), confd.address_length()), CONFD_OK);
     EXPECT_EQ(outcome(maapi_exists(other, confd.thandle(), "/config/interface/l3{5}")),
@@ -63,7 +61,7 @@ TEST(Transactions, HandlesMustBeKnownAndOfTheSocket) {
 // A transaction keeps the tree it started with; there are transactions on
 // the candidate only (running is read through CDB).
 TEST(Transactions, CandidateOnlyAndSnapshotted) {
-    ipapp_test::ConfdFixture confd(kRunning, confd_test::kCandidate);
+    ipapp_test::ConfdFixture confd(kRunning, confd_test::Candidate());
     const int s = confd.maapi_socket();
     EXPECT_EQ(confd_test::outcome(maapi_start_trans(s, CONFD_RUNNING, CONFD_READ)),
               error(CONFD_ERR_NOEXISTS, "start_trans: database 2 is not available"));
@@ -76,7 +74,7 @@ TEST(Transactions, CandidateOnlyAndSnapshotted) {
 }
 
 TEST(Cdb, ReadsRunningWhileMaapiReadsTheCandidate) {
-    ipapp_test::ConfdFixture confd(kRunning, confd_test::kCandidate);
+    ipapp_test::ConfdFixture confd(kRunning, confd_test::Candidate());
     const int cdb = new_socket();
     ASSERT_EQ(cdb_connect(cdb, CDB_READ_SOCKET, confd.address(), confd.address_length()), CONFD_OK);
     int32_t vlan = 0;

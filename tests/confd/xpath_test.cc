@@ -27,7 +27,7 @@ class XPath : public ::testing::Test {
         return text;
     }
 
-    ipapp_test::ConfdFixture confd{"", confd_test::kCandidate};
+    ipapp_test::ConfdFixture confd{"", confd_test::Candidate()};
 };
 
 TEST_F(XPath, NodeSetsGiveTheFirstNodesStringValue) {

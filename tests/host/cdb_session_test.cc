@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <string>
 
+#include "config_xml.h"
 #include "ipapp_test_support/confd_fixture.h"
 #include "velconfd_cdb_session_base.h"
 #include "velconfd_interface.h"
@@ -15,9 +16,7 @@ namespace {
 constexpr const char* kVlanPath = "/config/interface/l3{5}/lower-layer-if/vlan";
 
 std::string config_with_vlan(int vlan) {
-    return R"(<config xmlns="urn:ipapp:yang:device-config"><interface>)"
-           R"(<l3 xmlns="urn:ipapp:yang:ipapp"><name>5</name><lower-layer-if><vlan>)" +
-           std::to_string(vlan) + "</vlan></lower-layer-if></l3></interface></config>";
+    return ipapp_generator::Interfaces(ipapp_generator::L3("5", ipapp_generator::Vlan(vlan)));
 }
 
 bool is_open(int fd) {

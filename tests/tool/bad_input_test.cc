@@ -6,39 +6,36 @@
 #include <filesystem>
 #include <fstream>
 
+#include "config_xml.h"
 #include "ipapp_test_support/scratch_directory.h"
 #include "message_line.h"
 #include "tool_run.h"
 
 namespace {
 
-constexpr const char* kCandidate =
-    R"(<config xmlns="urn:ipapp:yang:device-config"><interface>)"
-    R"(<l3 xmlns="urn:ipapp:yang:ipapp"><name>5</name></l3></interface></config>)";
-
-constexpr const char* kModelViolation =
-    R"(<config xmlns="urn:ipapp:yang:device-config"><interface>)"
-    R"(<l3 xmlns="urn:ipapp:yang:ipapp"><name>5</name><ipv6><nd><ra>)"
-    R"(<max-interval>70000</max-interval></ra></nd></ipv6></l3></interface></config>)";
-
+using ipapp_generator::Element;
+using ipapp_generator::Interfaces;
+using ipapp_generator::L3;
 using namespace std::string_literals;
+
+const std::string kCandidate = Interfaces(L3("5"));
+
+const std::string kModelViolation =
+    Interfaces(L3("5", ipapp_generator::IPv6({}, Element("max-interval", "70000"))));
 
 #ifndef IPAPP_SANITIZE
 // So many interfaces that libyang's tree of them does not fit in 100 MB.
 std::string ManyInterfaces() {
-    std::string text = R"(<config xmlns="urn:ipapp:yang:device-config"><interface>)";
+    std::string interfaces;
     for (int name = 0; name < 100000; ++name) {
-        text +=
-            R"(<l3 xmlns="urn:ipapp:yang:ipapp"><name>)" + std::to_string(name) + "</name></l3>";
+        interfaces += L3(std::to_string(name));
     }
-    return text + "</interface></config>";
+    return Interfaces(interfaces);
 }
 #endif
 
 std::string WithVlan(const std::string& vlan) {
-    return R"(<config xmlns="urn:ipapp:yang:device-config"><interface>)"
-           R"(<l3 xmlns="urn:ipapp:yang:ipapp"><name>5</name><lower-layer-if><vlan>)" +
-           vlan + "</vlan></lower-layer-if></l3></interface></config>";
+    return Interfaces(L3("5", Element("lower-layer-if", Element("vlan", vlan))));
 }
 
 struct BadInput {

@@ -7,6 +7,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "config_xml.h"
 #include "ipapp_test_support/scratch_directory.h"
 #include "tool_run.h"
 
@@ -243,9 +244,7 @@ TEST(Tool, ClosedStdoutKeepsTheVerdict) {
 TEST(Tool, TextReportRowsAreOneLineEach) {
     const ipapp_test::ScratchDirectory directory;
     const std::string candidate = (directory.path() / "candidate.xml").string();
-    std::ofstream(candidate) << R"(<config xmlns="urn:ipapp:yang:device-config"><interface>)"
-                                R"(<l3 xmlns="urn:ipapp:yang:ipapp"><name>a&#10;b</name></l3>)"
-                                R"(</interface></config>)";
+    std::ofstream(candidate) << ipapp_generator::Interfaces(ipapp_generator::L3("a&#10;b"));
     const ToolRun run = RunIpappValidate({"--all", "--keep-going", "--no-debug", candidate});
     EXPECT_NE(run.out.find("  /config/interface/l3{a\\nb}/ipv6/nd/ra\n"), std::string::npos)
         << run.out;
