@@ -66,6 +66,8 @@ const GeneratedDevice& DeviceOfShape(size_t key, const DeviceShape& shape) {
 struct ByUnits;
 struct ByScale;
 struct ByLoopbacks;
+struct ByL3Interfaces;
+struct ByRouteUnits;
 struct ByL3;
 
 }  // namespace
@@ -80,10 +82,21 @@ const GeneratedDevice& DeviceOfScale(size_t factor) {
     return DeviceOfShape<ByScale>(factor, ipapp_generator::ScaledDevice(factor));
 }
 
-const GeneratedDevice& DeviceWithLoopbacks(size_t loopbacks) {
+const GeneratedDevice& DeviceGrowing(GrowingPart part, size_t count) {
     DeviceShape shape = ipapp_generator::ScaledDevice(1);
-    shape.loopbacks = loopbacks;
-    return DeviceOfShape<ByLoopbacks>(loopbacks, shape);
+    switch (part) {
+        case GrowingPart::loopbacks:
+            shape.loopbacks = count;
+            return DeviceOfShape<ByLoopbacks>(count, shape);
+        case GrowingPart::l3:
+            shape.l3 = count;
+            return DeviceOfShape<ByL3Interfaces>(count, shape);
+        case GrowingPart::static_routes:
+            shape.ipv4_routes = count / 2;
+            shape.ipv6_routes = count / 4;
+            return DeviceOfShape<ByRouteUnits>(count, shape);
+    }
+    throw std::invalid_argument("unknown growing part");
 }
 
 const GeneratedDevice& DeviceOfL3(size_t l3) {

@@ -19,8 +19,15 @@ struct GeneratedDevice {
 const ipapp_generator::GeneratedPair& PairOf(size_t units);
 // WriteDevice of ScaledDevice(factor).
 const GeneratedDevice& DeviceOfScale(size_t factor);
-// WriteDevice of ScaledDevice(1) with loopbacks loopbacks instead of 8.
-const GeneratedDevice& DeviceWithLoopbacks(size_t loopbacks);
+// The parts of the device at its limits that a growth series raises.
+enum class GrowingPart {
+    loopbacks,      // count loopbacks instead of 8, each with OSPFv2 on its address
+    l3,             // count l3 interfaces instead of 256, with OSPFv2 on both IPv4 addresses
+    static_routes,  // count route units instead of 1000: half IPv4 routes, a quarter IPv6
+};
+
+// WriteDevice of ScaledDevice(1) with count of part.
+const GeneratedDevice& DeviceGrowing(GrowingPart part, size_t count);
 // WriteDevice of l3 interfaces and nothing else.
 const GeneratedDevice& DeviceOfL3(size_t l3);
 

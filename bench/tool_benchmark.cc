@@ -5,7 +5,8 @@
 // work. Counters: the data nodes of each file, the tool's own time, the
 // plug-in's time, libyang's time and their ratio. Also the tool on one
 // device's configuration at growing sizes against libyang on the same file,
-// the plug-in's time as loopbacks grow, and the memory a planned call costs.
+// the plug-in's time as parts of the device grow, and the memory a planned
+// call costs.
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
 #include <stdlib.h>
@@ -113,6 +114,20 @@ std::string ToolOnFile(const std::string& file) {
            Quoted(file);
 }
 
+// The CPU time of the run of file with the tool tests' plug-in, which
+// accepts every call at once: the tool's own work and its child's, without
+// the plug-in's. 0 when the tests are not built.
+double ToolOwnCpuSeconds(const std::string& file) {
+#ifdef TOOL_TEST_PLUGIN
+    return RunTimed(Quoted(IPAPP_VALIDATE) + " --plugin " + Quoted(TOOL_TEST_PLUGIN) +
+                    " --keep-going --no-debug " + Quoted(file))
+        .cpu_seconds;
+#else
+    (void)file;
+    return 0;
+#endif
+}
+
 // The tool end to end on a device's whole configuration as its first commit
 // (no running configuration, so every point fires) at 1, 4 and 16 times the
 // device at its limits, and libyang's parse and validation of the same file
@@ -171,31 +186,63 @@ BENCHMARK(ToolOnDevice)
     ->Repetitions(5)
     ->ReportAggregatesOnly(true);
 
-// The 1x device with a growing number of loopbacks, the one interface kind
-// without a count limit, each with OSPFv2 on its address. The manual time is
-// the time spent inside the plug-in; cpu_ms is the whole run's CPU time.
-void LoopbacksInPlugin(benchmark::State& state) {
-    const ipapp_bench::GeneratedDevice& device =
-        ipapp_bench::DeviceWithLoopbacks(static_cast<size_t>(state.range(0)));
-    const std::string tool = ToolOnFile(device.file);
-    double cpu = 0;
+// One part of the device at its limits raised in doublings, each size run in
+// turn within one repetition, so the ratios between sizes come from runs
+// side by side. Past a limit the device is refused and still checked to the
+// end (--keep-going). Counters per size: the time inside the plug-in (wall,
+// as the tool reports it) and its CPU time: the run's CPU time less that of
+// the same run with the tool tests' plug-in, which accepts every call at once
+// (the tool's own work and the plan are the same; without the tests, the
+// whole run's CPU time). Then
+// the growth per doubling of both. The manual time is the plug-in's wall time
+// summed over the sizes.
+void GrowthInPlugin(benchmark::State& state, ipapp_bench::GrowingPart part,
+                    std::vector<size_t> sizes) {
+    std::vector<double> wall(sizes.size());
+    std::vector<double> cpu(sizes.size());
     for (auto _ : state) {
-        const Timed run = RunTimed(tool);
-        if (run.status > 1) {
-            state.SkipWithError("the tool failed");
-            return;
+        double summed = 0;
+        for (size_t i = 0; i < sizes.size(); ++i) {
+            const std::string file = ipapp_bench::DeviceGrowing(part, sizes[i]).file;
+            const Timed run = RunTimed(ToolOnFile(file));
+            if (run.status > 1) {
+                state.SkipWithError("the tool failed");
+                return;
+            }
+            wall[i] = JsonNumber(run.out, "plugin_ms");
+            cpu[i] = (run.cpu_seconds - ToolOwnCpuSeconds(file)) * 1000;
+            summed += wall[i] / 1000;
         }
-        state.SetIterationTime(JsonNumber(run.out, "plugin_ms") / 1000);
-        cpu += run.cpu_seconds;
+        state.SetIterationTime(summed);
     }
-    state.counters["nodes"] = static_cast<double>(device.nodes);
-    state.counters["cpu_ms"] = cpu / static_cast<double>(state.iterations()) * 1000;
+    for (size_t i = 0; i < sizes.size(); ++i) {
+        const std::string size = std::to_string(sizes[i]);
+        state.counters[size + "_ms"] = wall[i];
+        state.counters[size + "_cpu_ms"] = cpu[i];
+        if (i > 0) {
+            const std::string step = "x" + std::to_string(i);
+            state.counters[step] = wall[i] / wall[i - 1];
+            state.counters[step + "_cpu"] = cpu[i] / cpu[i - 1];
+        }
+    }
 }
 
-BENCHMARK(LoopbacksInPlugin)
-    ->Arg(10000)
-    ->Arg(20000)
-    ->Arg(40000)
+BENCHMARK_CAPTURE(GrowthInPlugin, loopbacks, ipapp_bench::GrowingPart::loopbacks,
+                  std::vector<size_t>{10000, 20000, 40000})
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(1)
+    ->Repetitions(3)
+    ->ReportAggregatesOnly(true);
+BENCHMARK_CAPTURE(GrowthInPlugin, l3, ipapp_bench::GrowingPart::l3,
+                  std::vector<size_t>{256, 512, 1024, 2048, 4096})
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(1)
+    ->Repetitions(3)
+    ->ReportAggregatesOnly(true);
+BENCHMARK_CAPTURE(GrowthInPlugin, route_units, ipapp_bench::GrowingPart::static_routes,
+                  std::vector<size_t>{1000, 2000, 4000, 8000, 16000, 32000})
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond)
     ->Iterations(1)
