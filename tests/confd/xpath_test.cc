@@ -45,6 +45,8 @@ TEST_F(XPath, NodeSetsGiveTheFirstNodesStringValue) {
         {"/device-config:config/interface/ipapp:l3/name", nullptr, "5"},
         {"ipv6/nd/ra", "/config/interface/l3{5}", "600450"},
         {"nosuch-node", "/internal", ""},
+        {"nosuch-node[1]/vrf | nosuch-node", "/internal", ""},
+        {"./nosuch-node[name = 'a]b'][2]//*", "/internal", ""},
     };
     for (const Case& c : cases) {
         EXPECT_EQ(eval(c.expr, c.context), c.result) << c.expr;
@@ -55,7 +57,11 @@ TEST_F(XPath, FailuresLeaveNoResult) {
     const std::string xpath_error = "ERR" + std::to_string(CONFD_ERR_XPATH);
     EXPECT_EQ(eval("ospfv3-interface-l3[", "/internal"), xpath_error);
     EXPECT_EQ(eval("/nosuch:node", "/internal"), xpath_error);
-    EXPECT_EQ(eval("count(ospfv3-interface-l3) = 1", "/internal"), xpath_error);
+    // Expressions that are no node-set, true or false.
+    for (const char* expr : {"count(ospfv3-interface-l3) = 1", "1", ".5", "nosuch-node or 1",
+                             "'text'", "-nosuch-node + 2", "1 = 0", "''"}) {
+        EXPECT_EQ(eval(expr, "/internal"), xpath_error) << expr;
+    }
     EXPECT_EQ(eval("vrf", "/config/interface/l3{77}"), "ERR" + std::to_string(CONFD_ERR_NOEXISTS));
     EXPECT_EQ(eval("vrf", "/config/interface/nosuch"), "ERR" + std::to_string(CONFD_ERR_BADPATH));
     EXPECT_EQ(maapi_xpath_eval_expr(confd.maapi_socket(), confd.thandle(), "vrf", nullptr, nullptr,

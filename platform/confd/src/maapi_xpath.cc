@@ -8,8 +8,9 @@
  * written as libyang reads JSON paths: a module name prefix on a top-level
  * node and where the module changes, none below (relative names belong to
  * the context node's module). Expressions of another type (a number, a
- * string, a true boolean) are refused with CONFD_ERR_XPATH, as are
- * expressions libyang cannot evaluate.
+ * string, a boolean) are refused with CONFD_ERR_XPATH, as are expressions
+ * libyang cannot evaluate: libyang refuses a result that is no node-set
+ * ("result is not a node set"), so one evaluation tells them apart.
  */
 #include <cstdlib>
 #include <cstring>
@@ -68,17 +69,10 @@ int evaluate(const confd::detail::Tree& tree, const lyd_node* context, const cha
         return confd::detail::fail(CONFD_ERR_XPATH,
                                    "xpath: " + confd::detail::take_libyang_error(ctx));
     }
-    const bool selected = set->count > 0;
-    if (selected) {
+    if (set->count > 0) {
         append_string_value(set->dnodes[0], result);
     }
     ly_set_free(set, nullptr);
-    ly_bool truth = 0;
-    const lyd_node* boolean_context = context != nullptr ? context : tree.first_child(nullptr);
-    if (!selected && boolean_context != nullptr &&
-        lyd_eval_xpath(boolean_context, expr, &truth) == LY_SUCCESS && truth) {
-        return confd::detail::fail(CONFD_ERR_XPATH, "xpath: the expression does not select nodes");
-    }
     return CONFD_OK;
 }
 
