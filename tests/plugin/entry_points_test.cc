@@ -12,7 +12,6 @@
 #include <set>
 #include <string>
 
-#include "config_xml.h"
 #include "datastore_call.h"
 #include "ip_app_valid.h"
 #include "validation_point_table.h"
@@ -114,14 +113,6 @@ TEST(Validate, RefusesWhatNoHandlerCanServe) {
     EXPECT_EQ(validate(&tctx, &keypath, nullptr), -1);
     confd_trans_clear_err(&tctx);
     velconfd_destroy(host);
-}
-
-TEST(Validate, PercentSignsReachTheOperatorUnexpanded) {
-    plugin_test::DatastoreCall call("", ipapp_generator::Interfaces(ipapp_generator::L3(
-                                            "%s%n%d", ipapp_generator::IPv4("10.0.0.0/24"))));
-    EXPECT_EQ(call.Validate("ipv4_addr_validation", plugin_test::ListKeypath(ipapp_l3)), -1);
-    EXPECT_EQ(call.error_text(),
-              "l3 %s%n%d ipv4 address 10.0.0.0/24 cannot be configured as network address.");
 }
 
 }  // namespace

@@ -235,11 +235,6 @@ TEST(SnapshotReaders, StoreCountReportAndFail) {
          kOspfv2,
          {"threw system_error", good_ospf_read_stopped[0], good_ospf_read_stopped[1]},
          {}},
-        {"OSPFv2: an interface address that is not an address",
-         Internal(good_ospf + OspfInterface("7", "0.0.0.1", "l3-5", "10.0.0.256", 24)),
-         kOspfv2,
-         {"threw system_error", good_ospf_read_stopped[0], good_ospf_read_stopped[1]},
-         {}},
     };
     for (const Case& c : cases) {
         HostLog log;
