@@ -1,5 +1,7 @@
 // The type assertions: a keypath element or a value of an unexpected type
 // stops the process with the expression, the reporting source and function.
+// Keypaths the tool can hand a point (--call) are proven end to end
+// (tests/scenarios); here, what only a unit can give.
 #include "ip_app_valid/confd_api.h"
 
 #include <gtest/gtest.h>
@@ -18,7 +20,6 @@
 
 namespace {
 
-using ip_application::config_valid::Config;
 using ip_application::config_valid::L3Config;
 using plugin_test::DatastoreCall;
 
@@ -67,8 +68,7 @@ void Iterate(confd_hkeypath_t kp) {
     Iterator(-1, &tctx, "").IterValidate(&kp, MOP_VALUE_SET, nullptr, &red);
 }
 
-// The route table's keys with the prefix length and forwarding table index
-// given.
+// The route table's keys with the prefix length and forwarding table index given.
 std::string RouteInterfaceName(confd_value_t prefix_len, confd_value_t fte_index) {
     static unsigned char address[4] = {10, 0, 0, 0};
     maapi_cursor cursor{};
@@ -85,22 +85,20 @@ std::string RouteInterfaceName(confd_value_t prefix_len, confd_value_t fte_index
 confdstore::Schema Model(const std::string& l3_key, const std::string& process,
                          const std::string& area, const std::string& name) {
     return plugin_test::SchemaOf(
-        "ipapp",
-        R"(module ipapp { yang-version 1.1; namespace "urn:m"; prefix ipapp;
+        "ipapp", R"(module ipapp { yang-version 1.1; namespace "urn:m"; prefix ipapp;
       import ipapp-types { prefix t; }
       container config { container interface { list l3 { key "name"; leaf name { type )" +
-            l3_key + R"(; }
+                     l3_key + R"(; }
         container lower-layer-if { leaf vlan { type int32; } } } } }
       container internal { list ospfv3-interface-l3 {
         key "ospfv3-pm-proc-id ospfv3-pm-area-id ospfv3-pm-if-name";
         leaf ospfv3-pm-proc-id { type )" +
-            process + "; } leaf ospfv3-pm-area-id { type " + area +
-            "; } leaf ospfv3-pm-if-name { type " + name + "; } } } }");
+                     process + "; } leaf ospfv3-pm-area-id { type " + area +
+                     "; } leaf ospfv3-pm-if-name { type " + name + "; } } } }");
 }
 // l3 5 on the VLAN in that model, with an OSPFv3 entry of the keys given.
 std::string L3Vlan(int vlan, const std::string& ospfv3_keys = "") {
-    return "<config "
-           "xmlns=\"urn:m\"><interface><l3><name>5</name><lower-layer-if><vlan>" +
+    return "<config xmlns=\"urn:m\"><interface><l3><name>5</name><lower-layer-if><vlan>" +
            std::to_string(vlan) + "</vlan></lower-layer-if></l3></interface></config>" +
            (ospfv3_keys.empty() ? ""
                                 : "<internal xmlns=\"urn:m\"><ospfv3-interface-l3>" + ospfv3_keys +
@@ -144,14 +142,11 @@ std::string Handler(const std::string& name) {
 
 TEST(AssertionsDeathTest, NameTheExpressionSourceAndFunction) {
     const std::string lower_layer_rule =
-        "int32_t validate_lower_layer_cross_ospfv3(int32_t, confd_trans_ctx*, "
-        "confd_hkeypath_t*, "
+        "int32_t validate_lower_layer_cross_ospfv3(int32_t, confd_trans_ctx*, confd_hkeypath_t*, "
         "confd_value_t*)";
-    const std::string ospfv3 = ipapp_generator::Internal(
-        ipapp_generator::Ospfv3Interface(2, "0.0.0.1", "l3-5", std::nullopt));
     const std::string l3_5 = ipapp_generator::Interfaces(ipapp_generator::L3(
         "5", ipapp_generator::Vlan(100) +
-                 "<ipv6><nd><ra><max-interval>6</max-interval></ra></nd></ipv6>"));
+                 ipapp_generator::IPv6({}, ipapp_generator::Element("max-interval", "6"))));
     const auto vrf_change = [](bool leaf_is_tag) {
         return leaf_is_tag ? Keypath(5, {{0, Tag(ipapp_vrf)}, {1, U32(5)}})
                            : Keypath(5, {{0, Buf("vrf")}});
@@ -163,11 +158,6 @@ TEST(AssertionsDeathTest, NameTheExpressionSourceAndFunction) {
         std::function<void()> statement;
     };
     const DeathCase cases[] = {
-        {"src/lib/config", "intf_type_from_confd_path", "(&keypath->v[0][0])->type == C_XMLTAG",
-         [] {
-             confd_hkeypath_t kp = Keypath(3, {{0, Buf("l3")}});
-             Config::intf_type_from_confd_path(&kp);
-         }},
         {"src/lib/config", "get_intf_name_from_route",
          "(&cursor.keys[kNetworkPrefixLenId])->type == C_INT32",
          [] { RouteInterfaceName(U32(8), U32(1)); }},
@@ -203,11 +193,6 @@ TEST(AssertionsDeathTest, NameTheExpressionSourceAndFunction) {
         {"src/lib/validate_intf_vrf", "Ospfv3Conflict", "(&kp->v[1][0])->type == C_BUF",
          [&] { Iterate<ValidateIntfL3Vrf>(vrf_change(true)); }},
         {"src/lib/validate_ip_addr_cross_ospf", lower_layer_rule,
-         "(&keypath->v[1][0])->type == C_BUF",
-         [&] {
-             Call(validate_lower_layer_cross_prot, Keypath(5, {{1, U32(5)}}), ospfv3);
-         }},
-        {"src/lib/validate_ip_addr_cross_ospf", lower_layer_rule,
          "(&mc_intf.keys[1])->type == C_IPV4",
          [] {
              LowerLayerWithOspfv3Keys({"uint32", "2"}, {"string", "a"}, {"string", "5"});
@@ -223,11 +208,6 @@ TEST(AssertionsDeathTest, NameTheExpressionSourceAndFunction) {
          [] {
              LowerLayerWithOspfv3Keys({"uint32", "2"}, {"t:ipv4-address", "0.0.0.1"},
                                       {"uint32", "5"});
-         }},
-        {"src/lib/validate_nd_ra", Handler("validate_ipv6_nd_ra_lifetime"),
-         "(&keypath->v[3][0])->type == C_BUF",
-         [] {
-             Call(validate_ipv6_nd_ra_lifetime, Keypath(5, {{3, U32(5)}}));
          }},
         {"src/lib/validate_nd_ra", Handler("validate_ipv6_nd_ra_interval"),
          "(&keypath->v[4][0])->type == C_XMLTAG",
