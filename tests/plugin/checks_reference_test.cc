@@ -138,19 +138,15 @@ std::string Text(const OspfIf& record) {
     return text.str();
 }
 
+std::string Text(const std::shared_ptr<OspfIf>& record) {
+    return Text(*record);
+}
+
 template <typename Records>
 std::vector<std::string> Texts(const Records& records) {
     std::vector<std::string> texts;
     for (const auto& record : records) {
         texts.push_back(Text(record));
-    }
-    return texts;
-}
-
-std::vector<std::string> Texts(const OspfIfList& records) {
-    std::vector<std::string> texts;
-    for (const std::shared_ptr<OspfIf>& record : records) {
-        texts.push_back(Text(*record));
     }
     return texts;
 }

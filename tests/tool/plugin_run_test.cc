@@ -269,15 +269,13 @@ TEST(Tool, TraceLeavesTheReportOfTheRefusedExample) {
         << traced.err;
 }
 
-TEST(Tool, HelpPointListsAndTiming) {
+// The help text is checked against the man page and the completion
+// (tests/package).
+TEST(Tool, PointListsAndTiming) {
     const struct {
         std::vector<std::string> arguments;
         std::vector<const char*> fragments;
     } cases[] = {
-        {{"--help"},
-         {"Usage: ipapp-validate", "--running FILE", "--keep-going", "--format text|json|junit",
-          "--quiet", "--call POINT=KEYPATH", "--list-points", "--log FILE", "--timeout SECONDS",
-          "Exit status: 0"}},
         {{"--list-points"},
          {"validate_ipv6_nd_ra_lifetime", "intf_l3_name_validation",
           "/config/interface/l3/ipv6/nd/ra", "per instance",
