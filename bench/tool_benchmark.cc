@@ -212,7 +212,7 @@ BENCHMARK_CAPTURE(GrowthInPlugin, loopbacks, ipapp_bench::GrowingPart::loopbacks
     ->Repetitions(3)
     ->ReportAggregatesOnly(true);
 BENCHMARK_CAPTURE(GrowthInPlugin, l3, ipapp_bench::GrowingPart::l3,
-                  std::vector<size_t>{256, 512, 1024, 2048, 4096})
+                  std::vector<size_t>{256, 512, 1024, 2048, 4096, 8192})
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond)
     ->Iterations(1)

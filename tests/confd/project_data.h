@@ -9,8 +9,9 @@
 namespace confd_test {
 
 // Interfaces l3 5 (full), 10 and 2 (in that order in the text), two static
-// routes (the IPv6 one first), the internal tables.
-inline std::string Candidate() {
+// routes (the IPv6 one first), the internal tables with more_internal after
+// their entries.
+inline std::string Candidate(const std::string& more_internal = "") {
     using namespace ipapp_generator;
     const std::string l3_5 =
         L3("5", Vrf("red") + IPv4("10.1.2.3/24", {"10.1.3.1/24", "10.0.3.1/24"}) +
@@ -22,7 +23,7 @@ inline std::string Candidate() {
                    {"ipv4", "10.0.0.0", 8, "10.1.2.254", "l3-5"}}) +
            Internal(OspfInterface("7", "0.0.0.1", "l3-5", "10.1.2.3", 24) +
                     OspfProcess(7, 2, "red") + Ospfv3Interface(2, "0.0.0.1", "l3-5", 1100) +
-                    VrfConfig(3, "red"));
+                    VrfConfig(3, "red") + more_internal);
 }
 
 }  // namespace confd_test

@@ -129,4 +129,14 @@ const ListIndex& Tree::list(const lyd_node* parent, const lysc_node* list) const
     return *index;
 }
 
+const LeafValueIndex& Tree::leaf_values(const lyd_node* parent, const lysc_node* list,
+                                        const lysc_node* leaf) const {
+    std::lock_guard<std::mutex> lock(mutex_);
+    auto& index = leaf_values_[{{parent, list}, leaf}];
+    if (!index) {
+        index = std::make_unique<LeafValueIndex>(first_instance(parent, list), list, leaf);
+    }
+    return *index;
+}
+
 }  // namespace confd::detail

@@ -16,6 +16,7 @@
 #include <utility>
 
 #include "confd_datastore.h"
+#include "leaf_value_index.h"
 #include "list_index.h"
 #include "schema.h"
 #include "top_level_index.h"
@@ -62,6 +63,11 @@ class Tree {
     // The entries of `list` under parent (nullptr: top level).
     const ListIndex& list(const lyd_node* parent, const lysc_node* list) const;
 
+    // The entries of `list` under parent (not the top level) by the value of
+    // their leaf `leaf`.
+    const LeafValueIndex& leaf_values(const lyd_node* parent, const lysc_node* list,
+                                      const lysc_node* leaf) const;
+
   private:
     Tree(std::shared_ptr<const Schema> schema, lyd_node* root);
 
@@ -77,6 +83,13 @@ class Tree {
         }
     };
     mutable std::unordered_map<ListKey, std::unique_ptr<ListIndex>, ListKeyHash> lists_;
+    using LeafKey = std::pair<ListKey, const lysc_node*>;
+    struct LeafKeyHash {
+        size_t operator()(const LeafKey& key) const {
+            return ListKeyHash()(key.first) * 31 + std::hash<const void*>()(key.second);
+        }
+    };
+    mutable std::unordered_map<LeafKey, std::unique_ptr<LeafValueIndex>, LeafKeyHash> leaf_values_;
 };
 
 }  // namespace confd::detail

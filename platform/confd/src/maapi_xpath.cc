@@ -11,6 +11,8 @@
  * string, a boolean) are refused with CONFD_ERR_XPATH, as are expressions
  * libyang cannot evaluate: libyang refuses a result that is no node-set
  * ("result is not a node set"), so one evaluation tells them apart.
+ * Selections of list entries by a string leaf's value are answered from an
+ * index of the tree instead (xpath_lookup.h), with the same result.
  */
 #include <cstdlib>
 #include <cstring>
@@ -23,6 +25,7 @@
 #include "fault_injection.h"
 #include "libyang_log.h"
 #include "locate.h"
+#include "xpath_lookup.h"
 
 namespace {
 
@@ -62,6 +65,13 @@ int context_node(const confd::detail::Tree& tree, const char* fmtpath, va_list* 
 
 int evaluate(const confd::detail::Tree& tree, const lyd_node* context, const char* expr,
              std::string& result) {
+    const lyd_node* first = nullptr;
+    if (confd::detail::select_first_by_value(tree, context, expr, first)) {
+        if (first != nullptr) {
+            append_string_value(first, result);
+        }
+        return CONFD_OK;
+    }
     const ly_ctx* ctx = tree.schema().context();
     ly_set* set = nullptr;
     if (lyd_find_xpath3(context, tree.first_child(nullptr), expr, nullptr, &set) != LY_SUCCESS) {
