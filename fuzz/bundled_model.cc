@@ -1,18 +1,15 @@
 #include "bundled_model.h"
 
+#include <ipapp_test_support/confd_fixture.h>
+
 #include <fstream>
 #include <sstream>
 
 namespace ipapp_fuzz {
 
-const confdstore::Schema& BundledSchema() {
-    static const confdstore::Schema schema = confdstore::Schema::load(IPAPP_FUZZ_YANG_DIR);
-    return schema;
-}
-
 const std::vector<confdstore::ValidationPoint>& BundledPoints() {
     static const std::vector<confdstore::ValidationPoint> points =
-        BundledSchema().validation_points();
+        ipapp_test::project_schema().validation_points();
     return points;
 }
 

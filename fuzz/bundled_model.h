@@ -1,5 +1,6 @@
-// What the fuzz targets load once per process: the bundled data model, its
-// validation points and the example running configuration.
+// What the fuzz targets load once per process besides the bundled data model
+// (ipapp_test::project_schema): its validation points and the example
+// running configuration.
 #ifndef IPAPP_FUZZ_BUNDLED_MODEL_H
 #define IPAPP_FUZZ_BUNDLED_MODEL_H
 
@@ -9,8 +10,6 @@
 #include <vector>
 
 namespace ipapp_fuzz {
-
-const confdstore::Schema& BundledSchema();
 
 const std::vector<confdstore::ValidationPoint>& BundledPoints();
 

@@ -16,6 +16,7 @@
 #include <confd_cdb.h>
 #include <confd_maapi.h>
 #include <fuzzer/FuzzedDataProvider.h>
+#include <ipapp_test_support/confd_fixture.h>
 #include <sys/socket.h>
 
 #include <cstddef>
@@ -36,47 +37,34 @@ constexpr size_t kMaxPieceLength = 64;
 // transaction and a CDB session on it.
 class Device {
   public:
-    Device() : datastore_(ipapp_fuzz::BundledSchema()) {
-        const std::string& example = ipapp_fuzz::ExampleRunning();
-        datastore_.set_running(example, confdstore::DataFormat::xml, "running.xml");
-        datastore_.set_candidate(example, confdstore::DataFormat::xml, "candidate.xml");
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_port = htons(4565);
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        const auto* agent = reinterpret_cast<const sockaddr*>(&address);
-        registration_ = datastore_.serve(agent, sizeof address);
-        maapi_socket_ = socket(PF_INET, SOCK_STREAM, 0);
-        cdb_socket_ = socket(PF_INET, SOCK_STREAM, 0);
-        if (maapi_connect(maapi_socket_, agent, sizeof address) != CONFD_OK ||
-            cdb_connect(cdb_socket_, CDB_READ_SOCKET, agent, sizeof address) != CONFD_OK ||
+    Device()
+        : confd_(ipapp_fuzz::ExampleRunning(), ipapp_fuzz::ExampleRunning()),
+          cdb_socket_(socket(PF_INET, SOCK_STREAM, 0)) {
+        if (cdb_connect(cdb_socket_, CDB_READ_SOCKET, confd_.address(),
+                        static_cast<int>(confd_.address_length())) != CONFD_OK ||
             cdb_start_session(cdb_socket_, CDB_RUNNING) != CONFD_OK) {
             std::abort();
         }
-        transaction_ = maapi_start_trans(maapi_socket_, CONFD_CANDIDATE, CONFD_READ);
     }
 
     // Every read of the path the template and arguments make.
     template <typename... Arguments>
-    void ReadPath(const std::string& format, Arguments... arguments) const {
-        maapi_exists(maapi_socket_, transaction_, format.c_str(), arguments...);
-        maapi_num_instances(maapi_socket_, transaction_, format.c_str(), arguments...);
+    void ReadPath(const std::string& format, Arguments... arguments) {
+        const int s = confd_.maapi_socket();
+        maapi_exists(s, confd_.thandle(), format.c_str(), arguments...);
+        maapi_num_instances(s, confd_.thandle(), format.c_str(), arguments...);
         confd_value_t value{};
-        if (maapi_get_elem(maapi_socket_, transaction_, &value, format.c_str(), arguments...) ==
-            CONFD_OK) {
+        if (maapi_get_elem(s, confd_.thandle(), &value, format.c_str(), arguments...) == CONFD_OK) {
             confd_free_value(&value);
         }
         cdb_exists(cdb_socket_, format.c_str(), arguments...);
     }
 
-    void RoundTrip(const std::string& path) const;
+    void RoundTrip(const std::string& path);
 
   private:
-    confdstore::Datastore datastore_;
-    confdstore::Registration registration_;
-    int maapi_socket_ = -1;
-    int cdb_socket_ = -1;
-    int transaction_ = -1;
+    ipapp_test::ConfdFixture confd_;
+    int cdb_socket_;
 };
 
 bool SameKeypath(const confd_hkeypath_t& a, const confd_hkeypath_t& b) {
@@ -96,18 +84,18 @@ bool SameKeypath(const confd_hkeypath_t& a, const confd_hkeypath_t& b) {
     return true;
 }
 
-void Device::RoundTrip(const std::string& path) const {
+void Device::RoundTrip(const std::string& path) {
     try {
-        const confdstore::Keypath keypath = datastore_.keypath(path);
+        const confdstore::Keypath keypath = confd_.datastore().keypath(path);
         const std::string text = keypath.text();
-        const confdstore::Keypath again = datastore_.keypath(text);
+        const confdstore::Keypath again = confd_.datastore().keypath(text);
         if (again.text() != text || !SameKeypath(keypath.get(), again.get())) {
             std::abort();
         }
         // A text with a zero byte cannot pass as a C string.
         if (text.find('\0') == std::string::npos &&
-            maapi_exists(maapi_socket_, transaction_, "%h", &keypath.get()) !=
-                maapi_exists(maapi_socket_, transaction_, "%s", text.c_str())) {
+            maapi_exists(confd_.maapi_socket(), confd_.thandle(), "%h", &keypath.get()) !=
+                maapi_exists(confd_.maapi_socket(), confd_.thandle(), "%s", text.c_str())) {
             std::abort();
         }
     } catch (const confdstore::Error&) {
@@ -177,7 +165,7 @@ confd_value_t MakeValue(FuzzedDataProvider& data, ArgumentStore& store) {
 
 // Adds arguments of the kinds the data picks, then reads the path.
 template <int Depth, typename... Arguments>
-void ExpandAndRead(FuzzedDataProvider& data, const Device& device, ArgumentStore& store,
+void ExpandAndRead(FuzzedDataProvider& data, Device& device, ArgumentStore& store,
                    const std::string& format, Arguments... arguments) {
     if constexpr (Depth == kMaxArguments) {
         device.ReadPath(format, arguments...);
@@ -187,6 +175,11 @@ void ExpandAndRead(FuzzedDataProvider& data, const Device& device, ArgumentStore
             return;
         }
         const std::string head = format + Piece(data);
+        // A number directive, then its argument.
+        const auto number = [&](const char* flags, const char* conversion, auto consume) {
+            const std::string directive = head + Directive(data, flags, conversion);
+            ExpandAndRead<Depth + 1>(data, device, store, directive, arguments..., consume());
+        };
         switch (data.ConsumeEnum<ArgumentKind>()) {
             case ArgumentKind::text: {
                 const std::string directive = head + Directive(data, "-", "s");
@@ -196,24 +189,15 @@ void ExpandAndRead(FuzzedDataProvider& data, const Device& device, ArgumentStore
                                          text.c_str());
                 break;
             }
-            case ArgumentKind::int32: {
-                const std::string directive = head + Directive(data, "-+ 0", "d");
-                ExpandAndRead<Depth + 1>(data, device, store, directive, arguments...,
-                                         data.ConsumeIntegral<int>());
+            case ArgumentKind::int32:
+                number("-+ 0", "d", [&] { return data.ConsumeIntegral<int>(); });
                 break;
-            }
-            case ArgumentKind::uint32: {
-                const std::string directive = head + Directive(data, "-0", "u");
-                ExpandAndRead<Depth + 1>(data, device, store, directive, arguments...,
-                                         data.ConsumeIntegral<unsigned>());
+            case ArgumentKind::uint32:
+                number("-0", "u", [&] { return data.ConsumeIntegral<unsigned>(); });
                 break;
-            }
-            case ArgumentKind::int64: {
-                const std::string directive = head + Directive(data, "-+ 0", "lld");
-                ExpandAndRead<Depth + 1>(data, device, store, directive, arguments...,
-                                         data.ConsumeIntegral<long long>());
+            case ArgumentKind::int64:
+                number("-+ 0", "lld", [&] { return data.ConsumeIntegral<long long>(); });
                 break;
-            }
             case ArgumentKind::value: {
                 const std::vector<confd_value_t>& value =
                     store.values.emplace_back(1, MakeValue(data, store));
@@ -240,7 +224,7 @@ void ExpandAndRead(FuzzedDataProvider& data, const Device& device, ArgumentStore
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, size_t size) {
-    static const Device device;
+    static Device device;
     FuzzedDataProvider data(bytes, size);
     device.RoundTrip(data.ConsumeRandomLengthString(256));
     ArgumentStore store;

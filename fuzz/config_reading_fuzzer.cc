@@ -10,6 +10,8 @@
 #include <cstdint>
 #include <string>
 
+#include <ipapp_test_support/confd_fixture.h>
+
 #include "bundled_model.h"
 #include "call_plan.h"
 
@@ -21,7 +23,7 @@ using confdstore::Datastore;
 // A datastore that holds the example in one role; the fuzz input takes the
 // other.
 Datastore ExampleIn(bool running) {
-    Datastore datastore(ipapp_fuzz::BundledSchema());
+    Datastore datastore(ipapp_test::project_schema());
     const std::string& example = ipapp_fuzz::ExampleRunning();
     if (running) {
         datastore.set_running(example, DataFormat::xml, "running.xml");

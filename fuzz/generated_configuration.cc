@@ -1,5 +1,7 @@
 #include "generated_configuration.h"
 
+#include "config_xml.h"
+
 #include <map>
 #include <set>
 #include <vector>
@@ -7,6 +9,11 @@
 namespace ipapp_fuzz {
 namespace {
 
+using ipapp_generator::Element;
+using ipapp_generator::Interfaces;
+using ipapp_generator::Internal;
+using ipapp_generator::kIpappNs;
+using ipapp_generator::kRtmNs;
 using Pool = std::vector<const char*>;
 
 // Names and values of each kind; small, so that the data picks the same one
@@ -57,20 +64,16 @@ std::string Pick(FuzzedDataProvider& data, const Pool& pool) {
     return pool[data.ConsumeIntegralInRange<size_t>(0, pool.size() - 1)];
 }
 
-std::string Leaf(const std::string& name, const std::string& value) {
-    return "<" + name + ">" + value + "</" + name + ">";
-}
-
 std::string Node(const std::string& name, const std::string& content) {
-    return content.empty() ? std::string() : Leaf(name, content);
+    return content.empty() ? std::string() : Element(name, content);
 }
 
 std::string OptionalLeaf(FuzzedDataProvider& data, const std::string& name, const Pool& pool) {
-    return data.ConsumeBool() ? Leaf(name, Pick(data, pool)) : std::string();
+    return data.ConsumeBool() ? Element(name, Pick(data, pool)) : std::string();
 }
 
 // Up to kMaxAddresses distinct values, each as an entry of list `list` keyed
-// by leaf `key`.
+// by its leaf ip.
 std::string AddressList(FuzzedDataProvider& data, const std::string& list, const Pool& pool) {
     std::set<std::string> addresses;
     for (int count = data.ConsumeIntegralInRange(0, kMaxAddresses); count > 0; --count) {
@@ -78,45 +81,25 @@ std::string AddressList(FuzzedDataProvider& data, const std::string& list, const
     }
     std::string xml;
     for (const std::string& address : addresses) {
-        xml += Leaf(list, Leaf("ip", address));
+        xml += Element(list, Element("ip", address));
     }
     return xml;
 }
 
-std::string RouterAdvertisement(FuzzedDataProvider& data) {
-    if (!data.ConsumeBool()) {
-        return std::string();
-    }
-    return Leaf("nd", Leaf("ra", OptionalLeaf(data, "max-interval", kTimers) +
-                                     OptionalLeaf(data, "min-interval", kTimers) +
-                                     OptionalLeaf(data, "lifetime", kTimers)));
-}
-
 std::string Ipv6(FuzzedDataProvider& data, bool with_router_advertisement) {
     std::string content = AddressList(data, "address", kIpv6);
-    if (with_router_advertisement) {
-        content += RouterAdvertisement(data);
+    if (with_router_advertisement && data.ConsumeBool()) {
+        std::string timers = OptionalLeaf(data, "max-interval", kTimers);
+        timers += OptionalLeaf(data, "min-interval", kTimers);
+        timers += OptionalLeaf(data, "lifetime", kTimers);
+        content += Element("nd", Element("ra", timers));
     }
     return Node("ipv6", content);
 }
 
-// Entries of a list, one per key: a later entry with the same key replaces
-// the earlier one, so the text never holds a key twice.
-class Entries {
-  public:
-    void Add(const std::string& key, const std::string& xml) { entries_[key] = xml; }
-
-    std::string Xml() const {
-        std::string xml;
-        for (const auto& entry : entries_) {
-            xml += entry.second;
-        }
-        return xml;
-    }
-
-  private:
-    std::map<std::string, std::string> entries_;
-};
+// Entries of a list by key: a later entry with the same key replaces the
+// earlier one, so the text never holds a key twice.
+using Entries = std::map<std::string, std::string>;
 
 template <typename MakeEntry>
 std::string List(FuzzedDataProvider& data, MakeEntry make_entry) {
@@ -124,45 +107,47 @@ std::string List(FuzzedDataProvider& data, MakeEntry make_entry) {
     for (int count = data.ConsumeIntegralInRange(0, kMaxEntries); count > 0; --count) {
         make_entry(entries);
     }
-    return entries.Xml();
+    std::string xml;
+    for (const auto& entry : entries) {
+        xml += entry.second;
+    }
+    return xml;
 }
 
-const char* const kIpappNamespace = " xmlns=\"urn:ipapp:yang:ipapp\"";
-
-std::string Interface(const std::string& kind, const std::string& name,
-                      const std::string& content) {
-    return "<" + kind + kIpappNamespace + ">" + Leaf("name", name) + content + "</" + kind + ">";
+// Entries of an interface list: a name from the pool, the VRF, then what
+// content makes for the kind.
+template <typename Content>
+std::string InterfaceList(FuzzedDataProvider& data, const std::string& kind, const Pool& names,
+                          Content content) {
+    return List(data, [&](Entries& entries) {
+        const std::string name = Pick(data, names);
+        std::string leaves = Element("name", name) + OptionalLeaf(data, "vrf", kVrfs);
+        leaves += content();
+        entries[name] = "<" + kind + " xmlns=\"" + kIpappNs + "\">" + leaves + "</" + kind + ">";
+    });
 }
 
 std::string L3Interfaces(FuzzedDataProvider& data) {
-    return List(data, [&data](Entries& entries) {
-        const std::string name = Pick(data, kL3Names);
-        std::string content = OptionalLeaf(data, "vrf", kVrfs);
-        content += Node("ipv4", Node("address", OptionalLeaf(data, "ip", kIpv4) +
-                                                    AddressList(data, "secondary", kIpv4)));
+    return InterfaceList(data, "l3", kL3Names, [&data] {
+        std::string content =
+            Node("ipv4", Node("address", OptionalLeaf(data, "ip", kIpv4) +
+                                             AddressList(data, "secondary", kIpv4)));
         content += Ipv6(data, true);
-        content += Node("lower-layer-if", OptionalLeaf(data, "vlan", kVlans));
-        entries.Add(name, Interface("l3", name, content));
+        return content + Node("lower-layer-if", OptionalLeaf(data, "vlan", kVlans));
     });
 }
 
 std::string Loopbacks(FuzzedDataProvider& data) {
-    return List(data, [&data](Entries& entries) {
-        const std::string name = Pick(data, kOtherNames);
-        std::string content = OptionalLeaf(data, "vrf", kVrfs);
-        content += Node("ipv4", AddressList(data, "address", kIpv4));
-        content += Ipv6(data, false);
-        entries.Add(name, Interface("loopback", name, content));
+    return InterfaceList(data, "loopback", kOtherNames, [&data] {
+        const std::string ipv4 = Node("ipv4", AddressList(data, "address", kIpv4));
+        return ipv4 + Ipv6(data, false);
     });
 }
 
 std::string Management(FuzzedDataProvider& data) {
-    return List(data, [&data](Entries& entries) {
-        const std::string name = Pick(data, kOtherNames);
-        std::string content = OptionalLeaf(data, "vrf", kVrfs);
-        content += Node("ipv4", Node("address", OptionalLeaf(data, "ip", kIpv4)));
-        content += Ipv6(data, true);
-        entries.Add(name, Interface("mgmt", name, content));
+    return InterfaceList(data, "mgmt", kOtherNames, [&data] {
+        const std::string ipv4 = Node("ipv4", Node("address", OptionalLeaf(data, "ip", kIpv4)));
+        return ipv4 + Ipv6(data, true);
     });
 }
 
@@ -179,13 +164,13 @@ std::string KeyedEntries(FuzzedDataProvider& data, const std::string& list,
     return List(data, [&](Entries& entries) {
         std::string key_xml;
         for (const Field& key : keys) {
-            key_xml += Leaf(key.name, Pick(data, *key.pool));
+            key_xml += Element(key.name, Pick(data, *key.pool));
         }
         std::string xml = key_xml;
         for (const Field& leaf : optional) {
             xml += OptionalLeaf(data, leaf.name, *leaf.pool);
         }
-        entries.Add(key_xml, "<" + list + attributes + ">" + xml + "</" + list + ">");
+        entries[key_xml] = "<" + list + attributes + ">" + xml + "</" + list + ">";
     });
 }
 
@@ -201,7 +186,7 @@ std::string StaticRoutes(FuzzedDataProvider& data) {
 }
 
 std::string GlobalRouteInterfaces(FuzzedDataProvider& data) {
-    return KeyedEntries(data, "rtmStaticRtEntry-global", " xmlns=\"urn:ipapp:yang:DC-RTM-MIB\"",
+    return KeyedEntries(data, "rtmStaticRtEntry-global", std::string(" xmlns=\"") + kRtmNs + "\"",
                         {{"index", &kFteIndexes},
                          {"destination", &kOctets},
                          {"prefix-len", &kPrefixLengths},
@@ -262,12 +247,9 @@ void GeneratedConfiguration::MakePart(FuzzedDataProvider& data, size_t part) {
 }
 
 std::string GeneratedConfiguration::Xml() const {
-    return "<config xmlns=\"urn:ipapp:yang:device-config\">" +
-           Node("interface", parts_[0] + parts_[1] + parts_[2]) + "</config>" +
-           "<DC-RTM-MIB xmlns=\"urn:ipapp:yang:DC-RTM-MIB\">" +
+    return Interfaces(parts_[0] + parts_[1] + parts_[2]) + "<DC-RTM-MIB xmlns=\"" + kRtmNs + "\">" +
            Node("rtmStaticRtTable", parts_[3]) + "</DC-RTM-MIB>" + parts_[4] +
-           "<internal xmlns=\"urn:ipapp:yang:metacli-internal\">" + parts_[5] + parts_[6] +
-           parts_[7] + Node("vrf-config", parts_[8]) + "</internal>";
+           Internal(parts_[5] + parts_[6] + parts_[7] + Node("vrf-config", parts_[8]));
 }
 
 }  // namespace ipapp_fuzz

@@ -18,6 +18,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include <ipapp_test_support/confd_fixture.h>
+
 #include "bundled_model.h"
 #include "call_plan.h"
 #include "generated_configuration.h"
@@ -45,7 +47,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, size_t size) {
     FuzzedDataProvider data(bytes, size);
     const ipapp_fuzz::GeneratedConfiguration running(data);
     const ipapp_fuzz::GeneratedConfiguration candidate(data, running);
-    confdstore::Datastore datastore(ipapp_fuzz::BundledSchema());
+    confdstore::Datastore datastore(ipapp_test::project_schema());
     try {
         datastore.set_running(running.Xml(), confdstore::DataFormat::xml, "running.xml");
         datastore.set_candidate(candidate.Xml(), confdstore::DataFormat::xml, "candidate.xml");
