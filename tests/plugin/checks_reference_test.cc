@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <memory>
 #include <random>
@@ -117,25 +118,24 @@ void PlainMerge(std::vector<OspfIf>& records, const OspfIf& record) {
     records.push_back(record);
 }
 
-std::string Text(const Interface& intf) {
+// Each item after a blank.
+template <typename List>
+std::string Spaced(const List& items) {
     std::ostringstream text;
-    text << intf.name << " vrf " << intf.vrf_name << " lim " << int{intf.lim_id.type};
-    for (const auto& addr : intf.ipv4_addrs) {
-        text << " " << addr;
-    }
-    for (const auto& addr : intf.ipv6_addrs) {
-        text << " " << addr;
+    for (const auto& item : items) {
+        text << " " << item;
     }
     return text.str();
 }
 
+std::string Text(const Interface& intf) {
+    return intf.name + " vrf " + intf.vrf_name + " lim " + std::to_string(intf.lim_id.type) +
+           Spaced(intf.ipv4_addrs) + Spaced(intf.ipv6_addrs);
+}
+
 std::string Text(const OspfIf& record) {
-    std::ostringstream text;
-    text << record.intf_name << " " << record.process_id << " " << record.vrf_name;
-    for (const auto& addr : record.addrs) {
-        text << " " << addr;
-    }
-    return text.str();
+    return record.intf_name + " " + std::to_string(record.process_id) + " " + record.vrf_name +
+           Spaced(record.addrs);
 }
 
 std::string Text(const std::shared_ptr<OspfIf>& record) {
@@ -149,6 +149,11 @@ std::vector<std::string> Texts(const Records& records) {
         texts.push_back(Text(record));
     }
     return texts;
+}
+
+// The readers OSPFv2 assignments are made for and checked against.
+std::array<const InterfaceConfig*, 2> OspfReaders(const Config& config) {
+    return {&config.l3_config, &config.lo_config};
 }
 
 // A random snapshot, filled through the readers' merges, and each merge's
@@ -207,9 +212,7 @@ void FillRoutes(Random& random, const Pools& pools, Snapshot& snapshot) {
 // Assignments of l3 and loopback interfaces: mostly their addresses and
 // VRFs, sometimes another address or VRF.
 void FillOspf(Random& random, Snapshot& snapshot) {
-    for (const InterfaceConfig* reader :
-         {static_cast<const InterfaceConfig*>(&snapshot.config.l3_config),
-          static_cast<const InterfaceConfig*>(&snapshot.config.lo_config)}) {
+    for (const InterfaceConfig* reader : OspfReaders(snapshot.config)) {
         for (const Interface& intf : reader->interfaces()) {
             if (random.Below(3) == 0) {
                 continue;
@@ -253,18 +256,17 @@ Verdict VerdictOf(Check check) {
     return {result, checks.error()};
 }
 
+template <typename Addrs>
+bool HasHost(const Addrs& addrs, const nettypes::IPAddr& host) {
+    return std::any_of(addrs.begin(), addrs.end(),
+                       [&](const auto& addr) { return host == addr.addr(); });
+}
+
 // True when the route is in the interface's VRF and its next hop is one of
 // the interface's addresses of the family.
 bool NextHopIsAnAddress(const StaticRoute& route, const Interface& intf, bool ipv4) {
-    if (route.vrf_name() != intf.vrf_name) {
-        return false;
-    }
-    if (ipv4) {
-        return std::any_of(intf.ipv4_addrs.begin(), intf.ipv4_addrs.end(),
-                           [&](const auto& addr) { return route.next_hop() == addr.addr(); });
-    }
-    return std::any_of(intf.ipv6_addrs.begin(), intf.ipv6_addrs.end(),
-                       [&](const auto& addr) { return route.next_hop() == addr.addr(); });
+    return route.vrf_name() == intf.vrf_name && (ipv4 ? HasHost(intf.ipv4_addrs, route.next_hop())
+                                                      : HasHost(intf.ipv6_addrs, route.next_hop()));
 }
 
 // The interface address check of one kind and family as nested loops:
@@ -330,35 +332,29 @@ int32_t PlainOutputIntfCheck(ValidateConfig& checks, const Config& config) {
     return 0;
 }
 
-// The OSPFv2 check of one reader as nested loops: every record with every
-// interface of the same name, each pair checked alone (the layer-3 and the
-// loopback checks share one body).
-bool PlainOspfCheck(ValidateConfig& checks, const InterfaceConfig& reader, const Snapshot& snapshot,
-                    bool vrf) {
-    for (const OspfIf& record : snapshot.plain_ospf) {
-        for (const Interface& intf : reader.interfaces()) {
-            if (intf.name != record.intf_name) {
-                continue;
-            }
-            LoConfig alone;
-            alone.MergeConfigAndInsert(intf);
-            Ospfv2Config record_alone;
-            OspfIf copy = record;
-            record_alone.MergeConfigAndInsert(copy);
-            const bool passes = vrf ? checks.ValidateOspfv2CrossIfLoVrf(alone, record_alone)
-                                    : checks.ValidateOspfv2CrossIfLo(alone, record_alone);
-            if (!passes) {
-                return false;
+// The OSPFv2 check as nested loops: every record with every l3, then every
+// loopback interface of the same name, each pair checked alone (the layer-3
+// and the loopback checks share one body).
+int32_t PlainOspfCheck(ValidateConfig& checks, const Snapshot& snapshot, bool vrf) {
+    for (const InterfaceConfig* reader : OspfReaders(snapshot.config)) {
+        for (const OspfIf& record : snapshot.plain_ospf) {
+            for (const Interface& intf : reader->interfaces()) {
+                if (intf.name != record.intf_name) {
+                    continue;
+                }
+                LoConfig alone;
+                alone.MergeConfigAndInsert(intf);
+                Ospfv2Config record_alone;
+                OspfIf copy = record;
+                record_alone.MergeConfigAndInsert(copy);
+                if (!(vrf ? checks.ValidateOspfv2CrossIfLoVrf(alone, record_alone)
+                          : checks.ValidateOspfv2CrossIfLo(alone, record_alone))) {
+                    return -1;
+                }
             }
         }
     }
-    return true;
-}
-
-int32_t PlainOspfCheck(ValidateConfig& checks, const Snapshot& snapshot, bool vrf) {
-    const bool passes = PlainOspfCheck(checks, snapshot.config.l3_config, snapshot, vrf) &&
-                        PlainOspfCheck(checks, snapshot.config.lo_config, snapshot, vrf);
-    return passes ? 0 : -1;
+    return 0;
 }
 
 TEST(ChecksAgainstNestedLoops, SameVerdictAndTextOnRandomConfigurations) {
@@ -379,32 +375,33 @@ TEST(ChecksAgainstNestedLoops, SameVerdictAndTextOnRandomConfigurations) {
         ASSERT_EQ(Texts(snapshot.config.ospfv2_config.interfaces()), Texts(snapshot.plain_ospf));
 
         std::vector<std::pair<Verdict, Verdict>> verdicts;
+        const auto compare = [&](auto indexed, auto plain) {
+            verdicts.emplace_back(VerdictOf(indexed), VerdictOf(plain));
+        };
         for (InterfaceType type : {InterfaceType::Mgmt, InterfaceType::L3, InterfaceType::Lo}) {
             for (bool ipv4 : {true, false}) {
-                verdicts.emplace_back(
-                    VerdictOf([&](ValidateConfig& checks) {
+                compare(
+                    [&](ValidateConfig& checks) {
                         return ipv4 ? checks.ValidateInterfaceIPv4(snapshot.config, type)
                                     : checks.ValidateInterfaceIPv6(snapshot.config, type);
-                    }),
-                    VerdictOf([&](ValidateConfig& checks) {
+                    },
+                    [&](ValidateConfig& checks) {
                         return PlainInterfaceCheck(checks, snapshot, type, ipv4);
-                    }));
+                    });
             }
         }
-        verdicts.emplace_back(VerdictOf([&](ValidateConfig& checks) {
-                                  return checks.ValidateStaticRouteOutputIntf(snapshot.config);
-                              }),
-                              VerdictOf([&](ValidateConfig& checks) {
-                                  return PlainOutputIntfCheck(checks, snapshot.config);
-                              }));
+        compare(
+            [&](ValidateConfig& checks) {
+                return checks.ValidateStaticRouteOutputIntf(snapshot.config);
+            },
+            [&](ValidateConfig& checks) { return PlainOutputIntfCheck(checks, snapshot.config); });
         for (bool vrf : {false, true}) {
-            verdicts.emplace_back(VerdictOf([&](ValidateConfig& checks) {
-                                      return vrf ? checks.ValidateOspfv2Vrf(snapshot.config)
-                                                 : checks.ValidateOspfv2(snapshot.config);
-                                  }),
-                                  VerdictOf([&](ValidateConfig& checks) {
-                                      return PlainOspfCheck(checks, snapshot, vrf);
-                                  }));
+            compare(
+                [&](ValidateConfig& checks) {
+                    return vrf ? checks.ValidateOspfv2Vrf(snapshot.config)
+                               : checks.ValidateOspfv2(snapshot.config);
+                },
+                [&](ValidateConfig& checks) { return PlainOspfCheck(checks, snapshot, vrf); });
         }
         for (const auto& [indexed, plain] : verdicts) {
             ASSERT_EQ(indexed, plain) << "check " << checked % verdicts.size();

@@ -205,19 +205,23 @@ TEST(Tool, VerdictReportAndStatus) {
     }
 }
 
+// Log lines go to the log file, which each run appends to; a stdout closed
+// at start does not make the log file descriptor 1, which the report is
+// written to.
 TEST(Tool, LogFileTakesTheLogLinesAndIsAppendedTo) {
     const ipapp_test::ScratchDirectory directory;
     const std::string log = (directory.path() / "log").string();
-    for (int run_number = 1; run_number <= 2; ++run_number) {
-        const ToolRun run =
-            RunIpappValidate({"--plugin", TEST_PLUGIN, "--log", log, "--call",
-                              "p=/config/interface/l3{chatter}", TOOL_TEST_CANDIDATE});
-        EXPECT_EQ(run.status, 0);
-        EXPECT_EQ(run.err.find("fault: "), std::string::npos) << run.err;
-    }
+    const std::vector<std::string> arguments{
+        "--plugin",         TEST_PLUGIN, "--log", log, "--call", "p=/config/interface/l3{chatter}",
+        TOOL_TEST_CANDIDATE};
+    const ToolRun run = RunIpappValidate(arguments);
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.err.find("fault: "), std::string::npos) << run.err;
+    EXPECT_EQ(RunIpappValidateRedirected(arguments, ">&-"), 0);
     const std::string logged = ReadFile(log);
     EXPECT_NE(logged.find("debug: a debug line from p\n"), std::string::npos) << logged;
     EXPECT_NE(logged.find("fault: "), logged.rfind("fault: ")) << "two runs, two reports";
+    EXPECT_EQ(logged.find("validation calls"), std::string::npos) << logged;
 }
 
 // A reader that went away (a pager that quit) does not turn the verdict into
@@ -227,17 +231,6 @@ TEST(Tool, ClosedStdoutKeepsTheVerdict) {
         RunIpappValidateIntoClosedPipe({"--plugin", TEST_PLUGIN, "--call",
                                         "p=/config/interface/l3{refuse}", TOOL_TEST_CANDIDATE}),
         1);
-    // A stdout closed at start does not make the log file descriptor 1, which
-    // the report is written to.
-    const ipapp_test::ScratchDirectory directory;
-    const std::string log = (directory.path() / "log").string();
-    EXPECT_EQ(RunIpappValidateRedirected({"--plugin", TEST_PLUGIN, "--log", log, "--call",
-                                          "p=/config/interface/l3{chatter}", TOOL_TEST_CANDIDATE},
-                                         ">&-"),
-              0);
-    const std::string logged = ReadFile(log);
-    EXPECT_NE(logged.find("debug: a debug line from p\n"), std::string::npos) << logged;
-    EXPECT_EQ(logged.find("validation calls"), std::string::npos) << logged;
 }
 
 // A key may hold a newline; the text report's rows stay one line each.
