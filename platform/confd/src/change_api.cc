@@ -2,6 +2,7 @@
 #include "change_index.h"
 #include "confd_datastore.h"
 #include "keypath_build.h"
+#include "keypath_text.h"
 #include "store.h"
 #include "value_text.h"
 
@@ -64,11 +65,7 @@ const confd_hkeypath_t& Keypath::get() const {
 }
 
 std::string Keypath::text() const {
-    const int length = confd_pp_kpath(nullptr, 0, &data_->hkp);
-    std::string text(static_cast<size_t>(length) + 1, '\0');
-    confd_pp_kpath(text.data(), length + 1, &data_->hkp);
-    text.resize(static_cast<size_t>(length));
-    return text;
+    return confd::detail::keypath_text(data_->hkp, data_->hkp.len);
 }
 
 Value::Value(std::shared_ptr<const confd::detail::TypedValue> value) : value_(std::move(value)) {}

@@ -208,14 +208,15 @@ bool PathParser::parse_marker(std::string& text, const confd_value_t** value, st
 
 bool check_path_characters(std::string_view text, Forbidden forbidden, std::string& error,
                            size_t offset) {
-    for (size_t at = 0; at < text.size(); ++at) {
-        const auto c = static_cast<unsigned char>(text[at]);
-        const bool bad = forbidden == Forbidden::markers ? c >= kValueOpen && c <= kTagClose
-                                                         : (c < 0x20 && c != '\t') || c == 0x7f;
-        if (bad) {
-            error = "control character in path at offset " + std::to_string(offset + at);
-            return false;
-        }
+    const auto marker = [](unsigned char c) { return c >= kValueOpen && c <= kTagClose; };
+    const auto control = [](unsigned char c) { return (c < 0x20 && c != '\t') || c == 0x7f; };
+    const auto* begin = reinterpret_cast<const unsigned char*>(text.data());
+    const auto* end = begin + text.size();
+    const auto* bad = forbidden == Forbidden::markers ? std::find_if(begin, end, marker)
+                                                      : std::find_if(begin, end, control);
+    if (bad != end) {
+        error = "control character in path at offset " + std::to_string(offset + (bad - begin));
+        return false;
     }
     return true;
 }
@@ -234,17 +235,21 @@ bool parse_path(std::string_view text, const std::vector<confd_value_t>& values,
 std::string normalized_path(const std::vector<PathStep>& steps) {
     std::string text;
     for (const PathStep& step : steps) {
-        text += "/" + step.name;
+        text += '/';
+        text += step.name;
         if (!step.keyed) {
             continue;
         }
-        text += "{";
+        text += '{';
         for (size_t i = 0; i < step.keys.size(); ++i) {
+            if (i != 0) {
+                text += ' ';
+            }
             confd_value_t as_text;
             CONFD_SET_STR(&as_text, step.keys[i].text.c_str());
-            text += (i == 0 ? "" : " ") + key_text(as_text);
+            text += key_text(as_text);
         }
-        text += "}";
+        text += '}';
     }
     return text;
 }
