@@ -51,8 +51,12 @@ void ChangeIndex::mark_ancestors(const lyd_node* node) {
     }
 }
 
+// The walk does not enter a created subtree, and no other difference lies
+// below it, so its nodes are met here once and need no check against the
+// nodes marked before.
 void ChangeIndex::mark_subtree(const lyd_node* node) {
-    mark(node);
+    instances_[node->schema].push_back(node);
+    mark_schema(node->schema);
     for (const lyd_node* child = lyd_child(node); child != nullptr; child = child->next) {
         mark_subtree(child);
     }

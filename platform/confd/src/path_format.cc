@@ -143,13 +143,11 @@ bool Expander::parse_conversion(const char*& p, Conversion& c, std::string& erro
             c.directive += std::to_string(number);
         }
     }
-    static const char* const lengths[] = {"hh", "ll", "h", "l", "L", "j", "z", "t"};
-    for (const char* length : lengths) {
-        if (std::strncmp(p, length, std::strlen(length)) == 0) {
-            c.length = length;
-            p += std::strlen(length);
-            break;
-        }
+    // A length modifier: "hh", "ll", or one of "hlLjzt".
+    if (*p != '\0' && std::strchr("hlLjzt", *p) != nullptr) {
+        const size_t size = (*p == 'h' || *p == 'l') && p[1] == *p ? 2 : 1;
+        c.length.assign(p, size);
+        p += size;
     }
     if (*p == '\0' || std::strchr("diouxXeEfFgGaAcsp", *p) == nullptr) {
         error = "unsupported conversion in path template";

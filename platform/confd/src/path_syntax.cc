@@ -13,8 +13,36 @@ bool is_blank(char c) {
     return c == ' ' || c == '\t';
 }
 
-// What ends a run of a key's plain characters.
-constexpr char kKeyPartEnds[] = {' ', '\t', '}', '{', '"', kValueOpen, '\0'};
+// Whether a character ends a node name (a separator, a brace, a blank, a
+// marker byte) or a run of a key's plain characters (a blank, a brace, a
+// quote, a value marker), looked up rather than compared in turn: paths are
+// scanned on every read.
+struct CharacterClasses {
+    bool ends_name[256] = {};
+    bool ends_key_part[256] = {};
+
+    constexpr CharacterClasses() {
+        for (int c = 0; c <= kTagClose; ++c) {
+            ends_name[c] = true;
+        }
+        for (const char c : {'/', '{', '}', ' ', '\t'}) {
+            ends_name[static_cast<unsigned char>(c)] = true;
+        }
+        for (const char c : {' ', '\t', '}', '{', '"', kValueOpen}) {
+            ends_key_part[static_cast<unsigned char>(c)] = true;
+        }
+    }
+};
+constexpr CharacterClasses kClasses;
+
+// The offset of the first character from `from` on that table marks; the
+// text's size when none does.
+size_t find_marked(std::string_view text, size_t from, const bool (&table)[256]) {
+    while (from < text.size() && !table[static_cast<unsigned char>(text[from])]) {
+        ++from;
+    }
+    return from;
+}
 
 class PathParser {
   public:
@@ -69,10 +97,7 @@ bool PathParser::parse_step(PathStep& step, std::string& error) {
         }
     } else {
         const size_t start = pos_;
-        while (!at_end() && peek() != '/' && peek() != '{' && peek() != '}' && !is_blank(peek()) &&
-               static_cast<unsigned char>(peek()) > kTagClose) {
-            ++pos_;
-        }
+        pos_ = find_marked(text_, pos_, kClasses.ends_name);
         std::string_view word = text_.substr(start, pos_ - start);
         const size_t colon = word.find(':');
         if (colon != std::string_view::npos) {
@@ -158,7 +183,7 @@ bool PathParser::parse_key(KeyToken& key, std::string& error) {
         } else {
             // The key's plain characters up to a marker, a blank, a brace or
             // a quote, in one piece.
-            const size_t end = std::min(text_.find_first_of(kKeyPartEnds, pos_), text_.size());
+            const size_t end = find_marked(text_, pos_, kClasses.ends_key_part);
             key.text.append(text_.substr(pos_, end - pos_));
             pos_ = end;
         }
