@@ -37,18 +37,22 @@ std::string normalize(const std::string& path) {
 
 }  // namespace
 
+bool faults_registered() {
+    return faults().active.load(std::memory_order_acquire);
+}
+
 int injected_fault(const char* call, const std::vector<PathStep>& steps) {
-    if (!faults().active.load(std::memory_order_acquire)) {
+    if (!faults_registered()) {
         return CONFD_OK;
     }
     return injected_fault_at(call, normalized_path(steps));
 }
 
 int injected_fault_at(const char* call, const std::string& path) {
-    Faults& all = faults();
-    if (!all.active.load(std::memory_order_acquire)) {
+    if (!faults_registered()) {
         return CONFD_OK;
     }
+    Faults& all = faults();
     std::lock_guard<std::mutex> lock(all.mutex);
     for (const Fault& fault : all.faults) {
         if (fault.call == call && (fault.path.empty() || fault.path == path)) {

@@ -16,6 +16,10 @@ int injected_fault(const char* call, const std::vector<PathStep>& steps);
 // The same for a path already normalised (normalized_path).
 int injected_fault_at(const char* call, const std::string& path);
 
+// Whether any fault is registered (one atomic load): a caller may skip
+// normalising a path while none is.
+bool faults_registered();
+
 }  // namespace confd::detail
 
 #endif

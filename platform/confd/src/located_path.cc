@@ -97,8 +97,9 @@ const LocatedPath* locate_path(const char* call, const Tree& tree, const char* f
     }
     last.tree = plain ? tree.serial() : 0;
     last.text.assign(path);
-    // The steps own their text; the caller's string is not kept.
-    request.formatted.path = std::string_view();
+    // The steps own their text; the caller's string is not kept, the
+    // thread's copy stands for it.
+    request.formatted.path = last.text;
     return &last.located;
 }
 

@@ -18,7 +18,7 @@
 namespace confd::detail {
 
 struct LocatedPath {
-    PathRequest request;
+    PathRequest request;  // request.formatted.path: the expanded path
     Location where;
 };
 

@@ -22,9 +22,23 @@ struct CursorState {
     std::shared_ptr<const confd::detail::Tree> tree;
     const std::vector<const lyd_node*>* entries = nullptr;  // owned by the tree
     size_t next = 0;
-    std::string path;  // normalised, for the fault-injection seam
+    std::string text;  // the expanded path, when it holds no %x value
+    std::string path;  // normalised, for the fault-injection seam; made when first needed
     std::vector<confd::detail::TypedValue> keys;
 };
+
+// The cursor's normalised path. A path without %x values is parsed again
+// from its text only when a fault seam, a trace or an error needs it: most
+// cursors never do.
+const std::string& normalized(CursorState& state) {
+    if (state.path.empty()) {
+        std::vector<confd::detail::PathStep> steps;
+        std::string error;
+        confd::detail::parse_path(state.text, {}, steps, error);
+        state.path = confd::detail::normalized_path(steps);
+    }
+    return state.path;
+}
 
 CursorState* state_of(const maapi_cursor* mc) {
     return static_cast<CursorState*>(mc->prevterm);
@@ -61,13 +75,18 @@ int open_cursor(int sock, int thandle, maapi_cursor* mc, const char* fmt, va_lis
         return CONFD_ERR;
     }
     const confd::detail::Location& where = located->where;
-    const std::string path = confd::detail::normalized_path(located->request.steps);
     if (!where.whole_list) {
-        return confd::detail::fail(CONFD_ERR_BADPATH, path + " is not a list");
+        return confd::detail::fail(
+            CONFD_ERR_BADPATH,
+            confd::detail::normalized_path(located->request.steps) + " is not a list");
     }
     auto state = std::make_unique<CursorState>();
     state->tree = view.tree;
-    state->path = path;
+    if (located->request.formatted.values.empty()) {
+        state->text.assign(located->request.formatted.path);
+    } else {
+        state->path = confd::detail::normalized_path(located->request.steps);
+    }
     static const std::vector<const lyd_node*> no_entries;
     state->entries = where.parent_exists
                          ? &view.tree->list(where.parent, where.chain.back()).entries()
@@ -88,7 +107,8 @@ int load_keys(maapi_cursor* mc, CursorState& state, const lyd_node* entry) {
             return value.has_value();
         });
     if (!converted) {
-        return confd::detail::fail(CONFD_ERR_BADTYPE, state.path + ": a key does not convert");
+        return confd::detail::fail(CONFD_ERR_BADTYPE,
+                                   normalized(state) + ": a key does not convert");
     }
     for (size_t i = 0; i < state.keys.size() && i < MAXKEYLEN; ++i) {
         mc->keys[i] = state.keys[i].view();
@@ -108,7 +128,8 @@ int step(maapi_cursor* mc) {
         return confd::detail::fail(CONFD_ERR_BADSTATE, "cursor not initialised or destroyed");
     }
     state->keys.clear();
-    if (confd::detail::injected_fault_at("maapi_get_next", state->path) != CONFD_OK) {
+    if (confd::detail::faults_registered() &&
+        confd::detail::injected_fault_at("maapi_get_next", normalized(*state)) != CONFD_OK) {
         return CONFD_ERR;
     }
     if (state->next >= state->entries->size()) {
@@ -137,9 +158,9 @@ int maapi_init_cursor(int sock, int thandle, struct maapi_cursor* mc, const char
 int maapi_get_next(struct maapi_cursor* mc) {
     confd::detail::CallTrace trace("maapi_get_next");
     const int result = step(mc);
-    const CursorState* state = mc != nullptr ? state_of(mc) : nullptr;
+    CursorState* state = mc != nullptr ? state_of(mc) : nullptr;
     if (trace.on() && state != nullptr) {
-        trace.set_path(state->path);
+        trace.set_path(normalized(*state));
         if (result == CONFD_OK) {
             trace.set_outcome(mc->n == 0 ? "end" : confd::detail::keys_text(mc->keys));
         }
