@@ -1,13 +1,14 @@
 #include "message_line.h"
 
-#include <cstdio>
+#include <algorithm>
 
 #include "utf8.h"
 
 namespace ipapp_validate {
 namespace {
 
-std::string EscapedByte(unsigned char byte) {
+// The escape of one byte: \n, \r, \t, \\ or \xNN.
+std::string_view EscapedByte(unsigned char byte, char (&hex)[4]) {
     switch (byte) {
         case '\n':
             return "\\n";
@@ -20,9 +21,12 @@ std::string EscapedByte(unsigned char byte) {
         default:
             break;
     }
-    char escaped[8];
-    std::snprintf(escaped, sizeof escaped, "\\x%02X", byte);
-    return escaped;
+    static constexpr char kDigits[] = "0123456789ABCDEF";
+    hex[0] = '\\';
+    hex[1] = 'x';
+    hex[2] = kDigits[byte >> 4];
+    hex[3] = kDigits[byte & 0xF];
+    return std::string_view(hex, sizeof hex);
 }
 
 // Control characters and the escape character itself; the C1 controls
@@ -37,24 +41,33 @@ bool NeedsEscape(std::string_view character, bool keep_lines) {
            (first == 0xC2 && static_cast<unsigned char>(character[1]) < 0xA0);
 }
 
+// The character as it is printed: itself, or the escapes of its bytes.
+std::string_view PrintedCharacter(std::string_view character, bool escape, std::string& escapes) {
+    if (!escape) {
+        return character;
+    }
+    escapes.clear();
+    char hex[4];
+    for (char byte : character) {
+        escapes += EscapedByte(static_cast<unsigned char>(byte), hex);
+    }
+    return escapes;
+}
+
 // At most max_bytes of escaped text, and "..." when more was left.
 std::string Escaped(std::string_view text, size_t max_bytes, bool keep_lines = false) {
     std::string line;
+    line.reserve(std::min(text.size(), max_bytes));
+    std::string escapes;
     for (size_t at = 0; at < text.size();) {
         const size_t length = Utf8SequenceLength(text, at);
         const std::string_view character = text.substr(at, length == 0 ? 1 : length);
-        std::string piece;
-        if (length == 0 || NeedsEscape(character, keep_lines)) {
-            for (char byte : character) {
-                piece += EscapedByte(static_cast<unsigned char>(byte));
-            }
-        } else {
-            piece = character;
-        }
-        if (line.size() + piece.size() > max_bytes) {
+        const std::string_view printed =
+            PrintedCharacter(character, length == 0 || NeedsEscape(character, keep_lines), escapes);
+        if (line.size() + printed.size() > max_bytes) {
             return line + "...";
         }
-        line += piece;
+        line += printed;
         at += character.size();
     }
     return line;
