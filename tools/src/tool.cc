@@ -14,6 +14,7 @@
 #include "bundled_files.h"
 #include "call_plan.h"
 #include "input_error.h"
+#include "kept_until_exit.h"
 #include "log_file.h"
 #include "message_line.h"
 #include "options.h"
@@ -104,7 +105,7 @@ int Validate(const Options& options, Clock::time_point start, Activity& activity
     const std::string yang_dir =
         options.yang_dir.empty() ? BundledYangDirectory() : options.yang_dir;
     activity.Start("loading the model in " + yang_dir);
-    const confdstore::Schema schema = confdstore::Schema::load(yang_dir);
+    const confdstore::Schema& schema = KeptUntilExit(confdstore::Schema::load(yang_dir));
     const std::vector<confdstore::ValidationPoint> points = schema.validation_points();
     if (options.list_points) {
         activity.Start("listing the validation points");
@@ -113,7 +114,8 @@ int Validate(const Options& options, Clock::time_point start, Activity& activity
         WriteStdout(out.str());
         return 0;
     }
-    const confdstore::Datastore datastore = LoadConfigurations(schema, options, activity);
+    const confdstore::Datastore& datastore =
+        KeptUntilExit(LoadConfigurations(schema, options, activity));
     activity.Start("opening the log file " + options.log_file);
     const LogFile log(options.log_file);
     // The plug-in's code runs from here on: its faults are its own.
