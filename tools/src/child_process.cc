@@ -3,10 +3,13 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
+#include <sys/mman.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
@@ -40,11 +43,57 @@ void CloseFd(int& fd) {
     }
 }
 
+// The records go to a file in memory that the parent reads once the child
+// is gone: a write to it wakes nobody (a pipe wakes the parent at every
+// call), and what was written survives the child's death.
+class RecordFile {
+  public:
+    RecordFile() : fd_(memfd_create("ipapp-validate-records", MFD_CLOEXEC)) {
+        if (fd_ < 0) {
+            ThrowSystemError("cannot create the plug-in's record file");
+        }
+    }
+    ~RecordFile() { close(fd_); }
+    RecordFile(const RecordFile&) = delete;
+    RecordFile& operator=(const RecordFile&) = delete;
+
+    int fd() const { return fd_; }
+
+    off_t Size() const {
+        struct stat status {};
+        if (fstat(fd_, &status) != 0) {
+            ThrowSystemError("cannot read the plug-in's record file");
+        }
+        return status.st_size;
+    }
+
+    std::string Contents() const {
+        std::string bytes(static_cast<size_t>(Size()), '\0');
+        for (size_t done = 0; done < bytes.size();) {
+            const ssize_t n =
+                pread(fd_, bytes.data() + done, bytes.size() - done, static_cast<off_t>(done));
+            if (n < 0 && errno == EINTR) {
+                continue;
+            }
+            if (n <= 0) {
+                ThrowSystemError("cannot read the plug-in's record file");
+            }
+            done += static_cast<size_t>(n);
+        }
+        return bytes;
+    }
+
+  private:
+    int fd_;
+};
+
 // The child's side: its stdout and stderr go to the output pipe (so nothing
 // the plug-in prints can reach the report), no core file is left behind when
-// it aborts, and nothing of the parent's stdio buffers is written twice.
-[[noreturn]] void BecomeChild(Pipe& records, Pipe& output, const std::function<int(int)>& work) {
-    CloseFd(records.read);
+// it aborts, and nothing of the parent's stdio buffers is written twice. It
+// holds the life line's write end until it ends.
+[[noreturn]] void BecomeChild(int record_file, Pipe& life_line, Pipe& output,
+                              const std::function<int(int)>& work) {
+    CloseFd(life_line.read);
     CloseFd(output.read);
     const int null_input = open("/dev/null", O_RDONLY);
     if (null_input >= 0) {
@@ -58,7 +107,7 @@ void CloseFd(int& fd) {
     setrlimit(RLIMIT_CORE, &no_core);
     int status = 125;
     try {
-        status = work(records.write);
+        status = work(record_file);
     } catch (...) {
         std::fputs("ipapp-validate: the plug-in's process failed\n", stderr);
     }
@@ -66,22 +115,25 @@ void CloseFd(int& fd) {
     _exit(status);
 }
 
-// The parent's ends of the child's pipes: record bytes are kept, output goes
-// to the relay.
+// The parent's ends of the child's pipes: output goes to the relay, the life
+// line ends when the child does; the record file's growth shows progress.
 class Collector {
   public:
-    Collector(int records_fd, int output_fd, std::string& records, LogRelay& relay)
-        : records_fd_(records_fd), output_fd_(output_fd), records_(records), relay_(relay) {}
+    Collector(int life_line_fd, int output_fd, const RecordFile& record_file, LogRelay& relay)
+        : life_line_fd_(life_line_fd),
+          output_fd_(output_fd),
+          record_file_(record_file),
+          relay_(relay) {}
     ~Collector() {
-        CloseFd(records_fd_);
+        CloseFd(life_line_fd_);
         CloseFd(output_fd_);
     }
     Collector(const Collector&) = delete;
     Collector& operator=(const Collector&) = delete;
 
     // Reads both pipes until the child has closed them (at its exit at the
-    // latest). Returns false, leaving them open, when no record bytes came
-    // for call_timeout.
+    // latest). Returns false, leaving them open, when the record file did not
+    // grow for call_timeout; its size is looked at least once a second.
     bool Collect(std::chrono::seconds call_timeout) {
         last_record_ = Clock::now();
         while (Open()) {
@@ -89,7 +141,8 @@ class Collector {
             if (left <= Clock::duration::zero()) {
                 return false;
             }
-            ReadReady(CeilMilliseconds(left));
+            ReadReady(CeilMilliseconds(std::min<Clock::duration>(left, std::chrono::seconds(1))));
+            NoteProgress();
         }
         return true;
     }
@@ -108,12 +161,20 @@ class Collector {
         return static_cast<int>(std::chrono::ceil<std::chrono::milliseconds>(duration).count());
     }
 
-    bool Open() const { return records_fd_ >= 0 || output_fd_ >= 0; }
+    bool Open() const { return life_line_fd_ >= 0 || output_fd_ >= 0; }
+
+    void NoteProgress() {
+        const off_t size = record_file_.Size();
+        if (size != record_bytes_) {
+            record_bytes_ = size;
+            last_record_ = Clock::now();
+        }
+    }
 
     // Waits up to timeout_ms for either pipe and reads once from each that is
     // ready. Returns whether anything was ready (or the wait was interrupted).
     bool ReadReady(int timeout_ms) {
-        pollfd fds[2] = {{records_fd_, POLLIN, 0}, {output_fd_, POLLIN, 0}};
+        pollfd fds[2] = {{life_line_fd_, POLLIN, 0}, {output_fd_, POLLIN, 0}};
         const int ready = poll(fds, 2, timeout_ms);
         if (ready < 0 && errno == EINTR) {
             return true;
@@ -122,7 +183,7 @@ class Collector {
             ThrowSystemError("cannot wait for the plug-in's process");
         }
         if (fds[0].revents != 0) {
-            ReadFrom(records_fd_);
+            ReadFrom(life_line_fd_);
         }
         if (fds[1].revents != 0) {
             ReadFrom(output_fd_);
@@ -141,19 +202,16 @@ class Collector {
             CloseFd(fd);
             return;
         }
-        const std::string_view bytes(buffer, static_cast<size_t>(n));
-        if (&fd == &records_fd_) {
-            records_.append(bytes);
-            last_record_ = Clock::now();
-        } else {
-            relay_.Feed(bytes);
+        if (&fd == &output_fd_) {
+            relay_.Feed(std::string_view(buffer, static_cast<size_t>(n)));
         }
     }
 
-    int records_fd_;
+    int life_line_fd_;
     int output_fd_;
-    std::string& records_;
+    const RecordFile& record_file_;
     LogRelay& relay_;
+    off_t record_bytes_ = 0;
     Clock::time_point last_record_;
 };
 
@@ -208,38 +266,44 @@ class ChildGuard {
 
 ChildRun RunInChild(const std::function<int(int record_fd)>& work, LogRelay& relay,
                     std::chrono::seconds call_timeout) {
-    Pipe records = MakePipe();
+    const RecordFile record_file;
+    Pipe life_line;
     Pipe output;
     try {
+        life_line = MakePipe();
         output = MakePipe();
     } catch (...) {
-        CloseFd(records.read);
-        CloseFd(records.write);
+        for (int* fd : {&life_line.read, &life_line.write, &output.read, &output.write}) {
+            CloseFd(*fd);
+        }
         throw;
     }
     std::fflush(nullptr);
     const pid_t pid = fork();
     const int fork_error = errno;
     if (pid == 0) {
-        BecomeChild(records, output, work);
+        BecomeChild(record_file.fd(), life_line, output, work);
     }
-    CloseFd(records.write);
+    CloseFd(life_line.write);
     CloseFd(output.write);
     if (pid < 0) {
-        CloseFd(records.read);
+        CloseFd(life_line.read);
         CloseFd(output.read);
         ThrowSystemError("cannot start the plug-in's process", fork_error);
     }
     ChildGuard child(pid);
     ChildRun run;
-    Collector collector(records.read, output.read, run.records, relay);
-    if (collector.Collect(call_timeout)) {
-        run.end = child.Reaped();
-    } else {
-        run.end = child.KilledForTakingLonger(call_timeout);
-        collector.Drain();
+    {
+        Collector collector(life_line.read, output.read, record_file, relay);
+        if (collector.Collect(call_timeout)) {
+            run.end = child.Reaped();
+        } else {
+            run.end = child.KilledForTakingLonger(call_timeout);
+            collector.Drain();
+        }
     }
     relay.Finish();
+    run.records = record_file.Contents();
     return run;
 }
 

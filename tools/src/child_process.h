@@ -1,5 +1,5 @@
 // Runs a piece of work in a child process and collects what it reports: the
-// bytes it writes to its record pipe, its stdout and stderr (through a
+// bytes it writes to its record file, its stdout and stderr (through a
 // LogRelay), and how it ended. The child is always reaped; its death at any
 // moment, even in the middle of a write, ends the collection. A child that
 // writes no record for longer than a call may take is killed.
@@ -30,11 +30,11 @@ struct ChildRun {
     ChildEnd end;
 };
 
-// work runs in the child with the write end of the record pipe and returns
-// the child's exit status; it writes to the pipe whenever a call ends. When
-// nothing arrives on the pipe for call_timeout (since the child's start or
-// the last bytes), the child is killed (SIGKILL). Throws std::system_error
-// when no child can be started.
+// work runs in the child with the record file's descriptor and returns the
+// child's exit status; it writes to the file whenever a call ends. When the
+// file does not grow for call_timeout (since the child's start or the last
+// bytes; looked at once a second), the child is killed (SIGKILL). Throws
+// std::system_error when no child can be started.
 ChildRun RunInChild(const std::function<int(int record_fd)>& work, LogRelay& relay,
                     std::chrono::seconds call_timeout);
 
