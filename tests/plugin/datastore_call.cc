@@ -77,13 +77,6 @@ int32_t DatastoreCall::RunOnLowerLayer(ValidationHandler* handler, const std::st
     return Run(handler, keypath);
 }
 
-int DatastoreCall::Validate(const char* point_name, confd_hkeypath_t keypath) {
-    velconfd_set_lib_context(host_, "ip_app_validation", &config_);
-    confd_.tctx()->vcb_opaque = const_cast<char*>(point_name);
-    confd_value_t newval = keypath.v[0][0];
-    return validate(confd_.tctx(), &keypath, &newval);
-}
-
 void DatastoreCall::Change(const std::string& candidate_xml) {
     confd_.datastore().set_candidate(candidate_xml, confdstore::DataFormat::xml, "candidate");
     confd_.tctx()->thandle = maapi_start_trans(confd_.maapi_socket(), CONFD_CANDIDATE, CONFD_READ);

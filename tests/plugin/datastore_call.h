@@ -41,8 +41,6 @@ class DatastoreCall {
     int32_t Run(ValidationHandler* handler, confd_hkeypath_t keypath);
     // Calls the handler on /config/interface/l3{name}/lower-layer-if.
     int32_t RunOnLowerLayer(ValidationHandler* handler, const std::string& name);
-    // Calls validate for the point, with the context registered as the host does.
-    int Validate(const char* point_name, confd_hkeypath_t keypath);
 
     // Replaces the candidate and starts a new transaction on it, as a later
     // callback would see it; the snapshot keeps what it has read.
