@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <string>
-#include <utility>
 #include <vector>
 
 #include "data_tree.h"
@@ -70,14 +68,12 @@ std::vector<const lyd_node*> delivery_order(const Tree& tree, const lyd_node* fi
         auto end =
             std::find_if(run, nodes.end(), [&](const lyd_node* n) { return n->schema != list; });
         if (list->nodetype == LYS_LIST && !(list->flags & LYS_ORDBY_USER) && end - run > 1) {
-            std::vector<std::pair<std::string, const lyd_node*>> keyed;
-            for (auto it = run; it != end; ++it) {
-                keyed.emplace_back(entry_key(tree.schema(), *it).value_or(std::string()), *it);
-            }
-            std::stable_sort(keyed.begin(), keyed.end(),
-                             [](const auto& a, const auto& b) { return a.first < b.first; });
-            std::transform(keyed.begin(), keyed.end(), run,
-                           [](const auto& item) { return item.second; });
+            // The run holds every entry of the list (they are adjacent); the
+            // tree's index of the list has them in key order, and is there
+            // for the reads that look the entries up later.
+            const std::vector<const lyd_node*>& sorted =
+                tree.list(lyd_parent(*run), list).entries();
+            std::copy(sorted.begin(), sorted.end(), run);
         }
         run = end;
     }
