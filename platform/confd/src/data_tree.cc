@@ -103,9 +103,22 @@ const lyd_node* Tree::first_instance(const lyd_node* parent, const lysc_node* sc
     if (parent == nullptr) {
         return top_level_.first_instance(schema);
     }
-    lyd_node* match = nullptr;
-    lyd_find_sibling_val(lyd_child(parent), schema, nullptr, 0, &match);
-    return match;
+    std::lock_guard<std::mutex> lock(first_instances_mutex_);
+    auto [known, added] = first_instances_.try_emplace(parent);
+    FirstInstances& firsts = known->second;
+    if (added) {
+        for (const lyd_node* child = lyd_child(parent); child != nullptr; child = child->next) {
+            if (firsts.empty() || firsts.back().first != child->schema) {
+                firsts.emplace_back(child->schema, child);
+            }
+        }
+    }
+    for (const auto& [instance_schema, first] : firsts) {
+        if (instance_schema == schema) {
+            return first;
+        }
+    }
+    return nullptr;
 }
 
 const lyd_node* Tree::counterpart(const lyd_node* sibling, const lyd_node* node) const {

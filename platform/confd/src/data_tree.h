@@ -14,6 +14,7 @@
 #include <string>
 #include <unordered_map>
 #include <utility>
+#include <vector>
 
 #include "confd_datastore.h"
 #include "leaf_value_index.h"
@@ -90,6 +91,14 @@ class Tree {
         }
     };
     mutable std::unordered_map<LeafKey, std::unique_ptr<LeafValueIndex>, LeafKeyHash> leaf_values_;
+    // The first instance of each schema node among a parent's children,
+    // taken in one pass over them when the parent is first asked about.
+    // libyang's own lookup by schema node writes to the parent's hash table
+    // each time (a data race between readers, and a copied page in a forked
+    // reader). A lock of its own: list() asks while it holds mutex_.
+    using FirstInstances = std::vector<std::pair<const lysc_node*, const lyd_node*>>;
+    mutable std::mutex first_instances_mutex_;
+    mutable std::unordered_map<const lyd_node*, FirstInstances> first_instances_;
 };
 
 }  // namespace confd::detail
