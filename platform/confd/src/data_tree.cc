@@ -103,6 +103,20 @@ const lyd_node* Tree::first_instance(const lyd_node* parent, const lysc_node* sc
     if (parent == nullptr) {
         return top_level_.first_instance(schema);
     }
+    // Most parents (list entries) have a few children: a look at each costs
+    // less than a record kept for every parent.
+    const lyd_node* child = lyd_child(parent);
+    for (size_t looked_at = 0; child != nullptr && looked_at < kFewChildren;
+         child = child->next, ++looked_at) {
+        if (child->schema == schema) {
+            return child;
+        }
+    }
+    return child != nullptr ? recorded_first_instance(parent, schema) : nullptr;
+}
+
+const lyd_node* Tree::recorded_first_instance(const lyd_node* parent,
+                                              const lysc_node* schema) const {
     std::lock_guard<std::mutex> lock(first_instances_mutex_);
     auto [known, added] = first_instances_.try_emplace(parent);
     FirstInstances& firsts = known->second;

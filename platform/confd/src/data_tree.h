@@ -71,6 +71,7 @@ class Tree {
 
   private:
     Tree(std::shared_ptr<const Schema> schema, lyd_node* root);
+    const lyd_node* recorded_first_instance(const lyd_node* parent, const lysc_node* schema) const;
 
     std::shared_ptr<const Schema> schema_;
     uint64_t serial_;
@@ -91,11 +92,14 @@ class Tree {
         }
     };
     mutable std::unordered_map<LeafKey, std::unique_ptr<LeafValueIndex>, LeafKeyHash> leaf_values_;
-    // The first instance of each schema node among a parent's children,
-    // taken in one pass over them when the parent is first asked about.
-    // libyang's own lookup by schema node writes to the parent's hash table
-    // each time (a data race between readers, and a copied page in a forked
-    // reader). A lock of its own: list() asks while it holds mutex_.
+    // The first instance of each schema node among the children of a parent
+    // with more than kFewChildren of them, taken in one pass over them when
+    // the parent is first asked about; the children of other parents are
+    // looked at in turn. libyang's own lookup by schema node writes to the
+    // parent's hash table each time (a data race between readers, and a
+    // copied page in a forked reader). A lock of its own: list() asks while
+    // it holds mutex_.
+    static constexpr size_t kFewChildren = 32;
     using FirstInstances = std::vector<std::pair<const lysc_node*, const lyd_node*>>;
     mutable std::mutex first_instances_mutex_;
     mutable std::unordered_map<const lyd_node*, FirstInstances> first_instances_;
