@@ -169,7 +169,7 @@ BENCHMARK(ToolOnDevice)
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond)
     ->Iterations(1)
-    ->Repetitions(5)
+    ->Repetitions(9)
     ->ReportAggregatesOnly(true);
 
 // One part of the device at its limits raised in doublings, each size run in
@@ -209,21 +209,21 @@ BENCHMARK_CAPTURE(GrowthInPlugin, loopbacks, ipapp_bench::GrowingPart::loopbacks
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond)
     ->Iterations(1)
-    ->Repetitions(3)
+    ->Repetitions(5)
     ->ReportAggregatesOnly(true);
 BENCHMARK_CAPTURE(GrowthInPlugin, l3, ipapp_bench::GrowingPart::l3,
                   std::vector<size_t>{256, 512, 1024, 2048, 4096, 8192})
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond)
     ->Iterations(1)
-    ->Repetitions(3)
+    ->Repetitions(5)
     ->ReportAggregatesOnly(true);
 BENCHMARK_CAPTURE(GrowthInPlugin, route_units, ipapp_bench::GrowingPart::static_routes,
                   std::vector<size_t>{1000, 2000, 4000, 8000, 16000, 32000})
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond)
     ->Iterations(1)
-    ->Repetitions(3)
+    ->Repetitions(5)
     ->ReportAggregatesOnly(true);
 
 #ifdef TOOL_TEST_PLUGIN
