@@ -2,10 +2,17 @@
 // the stop at the first refusal and --keep-going, crash isolation (abort,
 // exceptions, exit, failing entry points) in one child process per run, and
 // where log lines go.
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <chrono>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <thread>
 
 #include "config_xml.h"
 #include "ipapp_test_support/scratch_directory.h"
@@ -267,6 +274,73 @@ TEST(Tool, PointListsAndTiming) {
             EXPECT_NE(run.out.find(fragment), std::string::npos) << fragment << '\n' << run.out;
         }
     }
+}
+
+// The state letter of /proc/PID/stat ('Z' for a zombie), and the parent's
+// PID; state 0 when the process is gone.
+struct ProcessStat {
+    char state = 0;
+    pid_t parent = 0;
+};
+
+ProcessStat StatOf(const std::string& pid) {
+    std::ifstream file("/proc/" + pid + "/stat");
+    std::string text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    ProcessStat stat;
+    const size_t name_end = text.rfind(')');
+    if (name_end != std::string::npos) {
+        std::istringstream(text.substr(name_end + 1)) >> stat.state >> stat.parent;
+    }
+    return stat;
+}
+
+pid_t ChildOf(pid_t parent) {
+    for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
+        const std::string name = entry.path().filename().string();
+        if (name.find_first_not_of("0123456789") == std::string::npos &&
+            StatOf(name).parent == parent) {
+            return static_cast<pid_t>(std::stoi(name));
+        }
+    }
+    return 0;
+}
+
+// Waits up to ten seconds for done().
+template <typename Done>
+bool WithinTenSeconds(Done done) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    while (!done() && std::chrono::steady_clock::now() < end) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return done();
+}
+
+// A tool that is killed (a cancelled job) takes its plug-in's process along,
+// even one that hangs in a call.
+TEST(Tool, KilledToolLeavesNoPluginProcess) {
+    const pid_t tool = fork();
+    if (tool == 0) {
+        const int null = open("/dev/null", O_WRONLY);
+        dup2(null, STDOUT_FILENO);
+        dup2(null, STDERR_FILENO);
+        execl(IPAPP_VALIDATE, IPAPP_VALIDATE, "--plugin", TEST_PLUGIN, "--call",
+              "p=/config/interface/l3{hang}", TOOL_TEST_CANDIDATE, static_cast<char*>(nullptr));
+        _exit(127);
+    }
+    pid_t plugin_process = 0;
+    WithinTenSeconds([&] { return (plugin_process = ChildOf(tool)) != 0; });
+    kill(tool, SIGKILL);
+    waitpid(tool, nullptr, 0);
+    ASSERT_NE(plugin_process, 0) << "the tool started no plug-in process";
+    const std::string pid = std::to_string(plugin_process);
+    const bool gone = WithinTenSeconds([&] {
+        const char state = StatOf(pid).state;
+        return state == 0 || state == 'Z';
+    });
+    if (!gone) {
+        kill(plugin_process, SIGKILL);
+    }
+    EXPECT_TRUE(gone) << "the plug-in's process outlived the tool";
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-// Call records survive the pipe whole, and a record cut anywhere is seen as
-// cut, with the whole records before it kept.
+// Call records survive the record file whole, and a record cut anywhere is
+// seen as cut, with the whole records before it kept.
 #include <gtest/gtest.h>
 
 #include <tuple>

@@ -4,6 +4,7 @@
 #include <poll.h>
 #include <signal.h>
 #include <sys/mman.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -87,12 +88,18 @@ class RecordFile {
     int fd_;
 };
 
-// The child's side: its stdout and stderr go to the output pipe (so nothing
-// the plug-in prints can reach the report), no core file is left behind when
-// it aborts, and nothing of the parent's stdio buffers is written twice. It
-// holds the life line's write end until it ends.
-[[noreturn]] void BecomeChild(int record_file, Pipe& life_line, Pipe& output,
+// The child's side: it dies with the parent (a killed tool leaves no plug-in
+// running, hung or not), its stdout and stderr go to the output pipe (so
+// nothing the plug-in prints can reach the report), no core file is left
+// behind when it aborts, and nothing of the parent's stdio buffers is
+// written twice. It holds the life line's write end until it ends.
+[[noreturn]] void BecomeChild(pid_t parent, int record_file, Pipe& life_line, Pipe& output,
                               const std::function<int(int)>& work) {
+    // Cannot fail for a valid signal; the parent may be gone before it.
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (getppid() != parent) {
+        _exit(125);
+    }
     CloseFd(life_line.read);
     CloseFd(output.read);
     const int null_input = open("/dev/null", O_RDONLY);
@@ -279,10 +286,11 @@ ChildRun RunInChild(const std::function<int(int record_fd)>& work, LogRelay& rel
         throw;
     }
     std::fflush(nullptr);
+    const pid_t parent = getpid();
     const pid_t pid = fork();
     const int fork_error = errno;
     if (pid == 0) {
-        BecomeChild(record_file.fd(), life_line, output, work);
+        BecomeChild(parent, record_file.fd(), life_line, output, work);
     }
     CloseFd(life_line.write);
     CloseFd(output.write);

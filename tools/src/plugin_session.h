@@ -1,6 +1,6 @@
 // The plug-in's side of a run, inside the child process: the library's name,
 // its context, one validate per planned call (its keypath and value made
-// just before the call) and lib_finish, each reported on the record pipe as
+// just before the call) and lib_finish, each reported in the record file as
 // soon as it returns.
 #ifndef IPAPP_VALIDATE_PLUGIN_SESSION_H
 #define IPAPP_VALIDATE_PLUGIN_SESSION_H
@@ -27,7 +27,7 @@ class PluginSession {
           trace_(trace) {}
 
     // Makes the calls and writes their records to record_fd. Returns false
-    // when the pipe broke (the parent is gone).
+    // when a record cannot be written.
     bool Run(int record_fd);
 
   private:

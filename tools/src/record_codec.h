@@ -1,4 +1,4 @@
-// The byte form of call records on the pipe from the child process: each
+// The byte form of call records in the child process's record file: each
 // record is its body's length (4 bytes) and the body, so a record cut short
 // by the child's death is recognised as such.
 #ifndef IPAPP_VALIDATE_RECORD_CODEC_H
