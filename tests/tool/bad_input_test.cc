@@ -53,7 +53,6 @@ struct BadInput {
 const BadInput kBadInputs[] = {
     {"", "", {"@/none.xml"}, {"@/none.xml", "cannot read"}},
     {"dir.xml/", "", {"--candidate", "@/dir.xml"}, {"@/dir.xml", "cannot read"}},
-    {"", "", {"--running", "@/none.xml", "@/candidate.xml"}, {"@/none.xml", "cannot read"}},
     {"bad.xml",
      "<config xmlns=\"urn:ipapp:yang:device-config\"><interface>",
      {"@/bad.xml"},
@@ -77,10 +76,6 @@ const BadInput kBadInputs[] = {
      "",
      {"--plugin", "@/candidate.xml", "@/candidate.xml"},
      {"cannot load the plug-in", "@/candidate.xml"}},
-    {"",
-     "",
-     {"--plugin", "@/none.so", "@/candidate.xml"},
-     {"cannot load the plug-in", "@/none.so"}},
     {"",
      "",
      {"--plugin", NOT_A_PLUGIN, "@/candidate.xml"},
