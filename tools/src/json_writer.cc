@@ -45,20 +45,6 @@ void AppendEscapedAscii(std::string& out, char c) {
     out += c;
 }
 
-// How many characters from at on are printable ASCII that JSON takes as
-// they are (not a quote or a backslash).
-size_t PlainRunLength(std::string_view text, size_t at) {
-    size_t end = at;
-    while (end < text.size()) {
-        const auto c = static_cast<unsigned char>(text[end]);
-        if (c < 0x20 || c >= 0x7F || c == '"' || c == '\\') {
-            break;
-        }
-        ++end;
-    }
-    return end - at;
-}
-
 }  // namespace
 
 std::string JsonQuoted(std::string_view text) {
@@ -66,7 +52,7 @@ std::string JsonQuoted(std::string_view text) {
     out.reserve(text.size() + 2);
     out += '"';
     for (size_t at = 0; at < text.size();) {
-        const size_t plain = PlainRunLength(text, at);
+        const size_t plain = PlainAsciiRunLength(text, at, "\"\\");
         if (plain != 0) {
             out.append(text.substr(at, plain));
             at += plain;

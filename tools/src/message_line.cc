@@ -54,24 +54,15 @@ std::string_view PrintedCharacter(std::string_view character, bool escape, std::
     return escapes;
 }
 
-// The length of the run of printable ASCII characters other than the
-// backslash at `at`, at most `room`: they stand for themselves.
-size_t PlainRunLength(std::string_view text, size_t at, size_t room) {
-    size_t end = at;
-    const size_t last = at + std::min(room, text.size() - at);
-    while (end < last && text[end] >= 0x20 && text[end] < 0x7F && text[end] != '\\') {
-        ++end;
-    }
-    return end - at;
-}
-
 // At most max_bytes of escaped text, and "..." when more was left.
 std::string Escaped(std::string_view text, size_t max_bytes, bool keep_lines = false) {
     std::string line;
     line.reserve(std::min(text.size(), max_bytes));
     std::string escapes;
     for (size_t at = 0; at < text.size();) {
-        const size_t plain = PlainRunLength(text, at, max_bytes - std::min(max_bytes, line.size()));
+        // Printable ASCII stands for itself; the backslash is escaped.
+        const size_t plain = std::min(PlainAsciiRunLength(text, at, "\\"),
+                                      max_bytes - std::min(max_bytes, line.size()));
         if (plain > 0) {
             line.append(text, at, plain);
             at += plain;

@@ -1,4 +1,5 @@
-// UTF-8 as the tool's output needs it: where a well-formed character starts.
+// UTF-8 as the tool's output needs it: where a well-formed character starts,
+// and how far the text is printable ASCII that needs no look at all.
 #ifndef IPAPP_VALIDATE_UTF8_H
 #define IPAPP_VALIDATE_UTF8_H
 
@@ -11,6 +12,11 @@ namespace ipapp_validate {
 // when none starts there (overlong forms, surrogates and values beyond
 // U+10FFFF included). ASCII bytes are sequences of length 1.
 size_t Utf8SequenceLength(std::string_view text, size_t at);
+
+// The length of the run of printable ASCII characters (U+0020 to U+007E)
+// from text[at] on that are not among `special` (the characters a writer
+// escapes besides the control characters).
+size_t PlainAsciiRunLength(std::string_view text, size_t at, std::string_view special);
 
 }  // namespace ipapp_validate
 
