@@ -39,16 +39,4 @@ size_t Utf8SequenceLength(std::string_view text, size_t at) {
     return length;
 }
 
-size_t PlainAsciiRunLength(std::string_view text, size_t at, std::string_view special) {
-    size_t end = at;
-    while (end < text.size()) {
-        const auto c = static_cast<unsigned char>(text[end]);
-        if (c < 0x20 || c >= 0x7F || special.find(text[end]) != std::string_view::npos) {
-            break;
-        }
-        ++end;
-    }
-    return end - at;
-}
-
 }  // namespace ipapp_validate
