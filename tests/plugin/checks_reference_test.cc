@@ -12,17 +12,18 @@
 #include <cstring>
 #include <memory>
 #include <random>
-#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "ip_app_valid/config.h"
 #include "ip_app_valid/validate_config.h"
+#include "record_text.h"
 
 namespace {
 
 using namespace ip_application::config_valid;
+using plugin_test::Texts;
 
 constexpr unsigned kConfigurations = 2000;
 
@@ -117,39 +118,6 @@ void PlainMerge(std::vector<OspfIf>& records, const OspfIf& record) {
         }
     }
     records.push_back(record);
-}
-
-// Each item after a blank.
-template <typename List>
-std::string Spaced(const List& items) {
-    std::ostringstream text;
-    for (const auto& item : items) {
-        text << " " << item;
-    }
-    return text.str();
-}
-
-std::string Text(const Interface& intf) {
-    return intf.name + " vrf " + intf.vrf_name + " lim " + std::to_string(intf.lim_id.type) +
-           Spaced(intf.ipv4_addrs) + Spaced(intf.ipv6_addrs);
-}
-
-std::string Text(const OspfIf& record) {
-    return record.intf_name + " " + std::to_string(record.process_id) + " " + record.vrf_name +
-           Spaced(record.addrs);
-}
-
-std::string Text(const std::shared_ptr<OspfIf>& record) {
-    return Text(*record);
-}
-
-template <typename Records>
-std::vector<std::string> Texts(const Records& records) {
-    std::vector<std::string> texts;
-    for (const auto& record : records) {
-        texts.push_back(Text(record));
-    }
-    return texts;
 }
 
 // The readers OSPFv2 assignments are made for and checked against.

@@ -8,7 +8,6 @@
 #include <gtest/gtest.h>
 #include <boost/system/system_error.hpp>
 
-#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -16,6 +15,7 @@
 #include "config_xml.h"
 #include "datastore_call.h"
 #include "host_log.h"
+#include "record_text.h"
 
 namespace {
 
@@ -25,61 +25,38 @@ using ip_application::config_valid::GenericConfig;
 using ip_application::config_valid::InterfaceConfig;
 using ip_application::config_valid::Ospfv2Config;
 using ip_application::config_valid::StaticRouteConfig;
-using ip_application::config_valid::StaticRouteList;
 using namespace ipapp_generator;
 using namespace plugin_test;
 
 constexpr ConfigAddrFamily kIPv4 = ConfigAddrFamily::IPv4;
 constexpr ConfigAddrFamily kIPv6 = ConfigAddrFamily::IPv6;
 
-template <typename List>
-std::string Joined(const List& items) {
-    std::ostringstream text;
-    for (const auto& item : items) {
-        text << (&item == &*items.begin() ? "" : ",") << item;
-    }
-    return text.str();
-}
-
 // What a reader holds, one line each: "read 4", "read 46" or "read -", then
-// its records ("name|vrf|ipv4,...|ipv6,...|vlan", "output interface|vrf|
-// network|next hop", "interface|process|vrf|area|ipv4,...").
+// its records' texts; a route reader's last line is its counts.
 std::vector<std::string> Held(const GenericConfig& reader) {
     const std::string families =
         std::string(reader.ipv4_read() ? "4" : "") + (reader.ipv6_read() ? "6" : "");
     return {"read " + (families.empty() ? "-" : families)};
 }
+template <typename Records>
+std::vector<std::string> Held(const GenericConfig& reader, const Records& records) {
+    std::vector<std::string> held = Held(reader);
+    const std::vector<std::string> texts = Texts(records);
+    held.insert(held.end(), texts.begin(), texts.end());
+    return held;
+}
 std::vector<std::string> Held(const InterfaceConfig& reader) {
-    std::vector<std::string> held = Held(static_cast<const GenericConfig&>(reader));
-    for (const auto& intf : reader.interfaces()) {
-        held.push_back(intf.name + "|" + intf.vrf_name + "|" + Joined(intf.ipv4_addrs) + "|" +
-                       Joined(intf.ipv6_addrs) + "|" + std::to_string(intf.lim_id.index));
-    }
-    return held;
-}
-void AddRoutes(std::vector<std::string>& held, const StaticRouteList& routes) {
-    for (const auto& route : routes) {
-        std::ostringstream text;
-        text << route->output_intf() << "|" << route->vrf_name() << "|" << route->network() << "|"
-             << route->next_hop();
-        held.push_back(text.str());
-    }
-}
-std::vector<std::string> Held(const StaticRouteConfig& reader) {
-    std::vector<std::string> held = Held(static_cast<const GenericConfig&>(reader));
-    AddRoutes(held, reader.ipv4_routes());
-    AddRoutes(held, reader.ipv6_routes());
-    held.push_back("counted " + std::to_string(reader.ipv4_entry_count()) + " IPv4, " +
-                   std::to_string(reader.ipv6_entry_count()) + " IPv6");
-    return held;
+    return Held(reader, reader.interfaces());
 }
 std::vector<std::string> Held(const Ospfv2Config& reader) {
-    std::vector<std::string> held = Held(static_cast<const GenericConfig&>(reader));
-    for (const auto& assignment : reader.interfaces()) {
-        held.push_back(assignment->intf_name + "|" + std::to_string(assignment->process_id) + "|" +
-                       assignment->vrf_name + "|" + assignment->area.to_string() + "|" +
-                       Joined(assignment->addrs));
-    }
+    return Held(reader, reader.interfaces());
+}
+std::vector<std::string> Held(const StaticRouteConfig& reader) {
+    std::vector<std::string> held = Held(reader, reader.ipv4_routes());
+    const std::vector<std::string> ipv6 = Texts(reader.ipv6_routes());
+    held.insert(held.end(), ipv6.begin(), ipv6.end());
+    held.push_back("counted " + std::to_string(reader.ipv4_entry_count()) + " IPv4, " +
+                   std::to_string(reader.ipv6_entry_count()) + " IPv6");
     return held;
 }
 
@@ -119,15 +96,6 @@ std::string Fault(const std::string& function_and_text) {
     return "fault: src/lib/config:<line>: " + function_and_text + " (code 0)";
 }
 
-RouteRow V4Route(const std::string& dest, const std::string& next_hop,
-                 const std::string& interface_name = "", uint32_t vrf_id = 0) {
-    return {"ipv4", dest, 8, next_hop, interface_name, vrf_id};
-}
-RouteRow V6Route(const std::string& dest, const std::string& next_hop,
-                 const std::string& interface_name = "") {
-    return {"ipv6", dest, 32, next_hop, interface_name};
-}
-
 struct Case {
     const char* what;
     std::string candidate;
@@ -152,29 +120,29 @@ TEST(SnapshotReaders, StoreCountReportAndFail) {
                                 Vrf("red") + Vlan(100)) +
                     L3("6", Vrf("blue")) + L3("7") + L3("10")),
          kL3IPv4,
-         {"read 4", "l3 10|global|||0", "l3 5|red|10.0.0.2/24,10.0.3.1/24||100", "l3 6||||0",
-          "l3 7|global|||0"},
+         {"read 4", "l3 10|global|||0:0", "l3 5|red|10.0.0.2/24,10.0.3.1/24||3:100", "l3 6||||0:0",
+          "l3 7|global|||0:0"},
          {Fault("get_intf_ipv4_addr_mask_list: Unspecified IPv4 address for key '0.0.0.0/16'")},
          "maapi_get_elem",
          "/config/interface/l3{6}/vrf"},
         {"l3: IPv6",
          Interfaces(L3("5", IPv6({"2001:db8::1/64", "::/64"}))),
          kL3IPv6,
-         {"read 6", "l3 5|global||2001:db8::1/64|0"},
+         {"read 6", "l3 5|global||2001:db8::1/64|0:0"},
          {Fault("get_intf_ipv6_addr_mask_list: Unspecified IPv6 address for key '::/64'")}},
         {"mgmt: an unspecified or missing address is reported as the address read",
          Interfaces(Mgmt("0", IPv4("0.0.0.0/8") + Vrf("mgmt")) + Mgmt("1")),
          kMgmtIPv4,
-         {"read 4", "mgmt 0|mgmt|||0", "mgmt 1|global|||0"},
+         {"read 4", "mgmt 0|mgmt|||0:0", "mgmt 1|global|||0:0"},
          {Fault("ReadConfig: Unspecified IPv4 address for key '0.0.0.0/8'"),
           Fault("ReadConfig: Unspecified IPv4 address for key '0.0.0.0/0'")}},
         {"IPv4 routes in table order; rows without next hop and IPv6 rows counted only, other "
          "address types neither; output interface names with a blank for their third character",
-         Routes({V4Route("20.0.0.0", "10.0.0.1", "l3-a-b"),
-                 V4Route("30.0.0.0", "0.0.0.0", "l3-7"),
-                 V4Route("10.0.0.0", "10.0.0.2", "loopback-1"),
-                 V4Route("21.0.0.0", "10.0.0.1", "ab"),
-                 V6Route("2001:db8::", "fe80::1"),
+         Routes({{"ipv4", "20.0.0.0", 8, "10.0.0.1", "l3-a-b"},
+                 {"ipv4", "30.0.0.0", 8, "0.0.0.0", "l3-7"},
+                 {"ipv4", "10.0.0.0", 8, "10.0.0.2", "loopback-1"},
+                 {"ipv4", "21.0.0.0", 8, "10.0.0.1", "ab"},
+                 {"ipv6", "2001:db8::", 32, "fe80::1"},
                  {"ipv4z", "22.0.0.0", 8, "10.0.0.1"},
                  {"ipv6z", "23.0.0.0", 8, "10.0.0.1"},
                  {"dns", "24.0.0.0", 8, "10.0.0.1"},
@@ -184,14 +152,16 @@ TEST(SnapshotReaders, StoreCountReportAndFail) {
           "ab |global|21.0.0.0/8|10.0.0.1", "counted 4 IPv4, 1 IPv6"},
          {}},
         {"IPv6 routes",
-         Routes({V4Route("20.0.0.0", "10.0.0.1"), V6Route("2001:db8::", "fe80::1", "l3-6"),
-                 V6Route("2001:db9::", "::", "l3-6")}),
+         Routes({{"ipv4", "20.0.0.0", 8, "10.0.0.1"},
+                 {"ipv6", "2001:db8::", 32, "fe80::1", "l3-6"},
+                 {"ipv6", "2001:db9::", 32, "::", "l3-6"}}),
          kRoutesIPv6,
          {"read 6", "l3 6|global|2001:db8::/32|fe80::1", "counted 1 IPv4, 2 IPv6"},
          {}},
         {"a one-character output interface name ends the read",
-         Routes({V4Route("10.0.0.0", "10.0.0.1", "l3-1"), V4Route("20.0.0.0", "10.0.0.1", "x"),
-                 V4Route("30.0.0.0", "10.0.0.1", "l3-3")}),
+         Routes({{"ipv4", "10.0.0.0", 8, "10.0.0.1", "l3-1"},
+                 {"ipv4", "20.0.0.0", 8, "10.0.0.1", "x"},
+                 {"ipv4", "30.0.0.0", 8, "10.0.0.1", "l3-3"}}),
          kRoutesIPv4,
          {"threw out_of_range", "read -", "l3 1|global|10.0.0.0/8|10.0.0.1",
           "counted 2 IPv4, 0 IPv6"},
@@ -260,9 +230,9 @@ TEST(SnapshotReaders, LaterReadOfTheOtherFamilyKeepsWhatTheFirstFound) {
     // The IPv6 read fills the IPv6 lists; VRF, lower layer and the IPv4 lists
     // stay those of the first read, new interfaces come last.
     EXPECT_EQ(Held(call.config().l3_config),
-              (std::vector<std::string>{"read 46", "l3 5|red|10.5.0.1/24|2001:db8:5::1/64|5",
-                                        "l3 7|global||2001:db8:7::1/64|0",
-                                        "l3 1|global||2001:db8:1::1/64|0"}));
+              (std::vector<std::string>{"read 46", "l3 5|red|10.5.0.1/24|2001:db8:5::1/64|3:5",
+                                        "l3 7|global||2001:db8:7::1/64|0:0",
+                                        "l3 1|global||2001:db8:1::1/64|0:0"}));
 }
 
 }  // namespace
