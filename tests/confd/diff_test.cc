@@ -1,7 +1,6 @@
 /* maapi_keypath_diff_iterate: operations, order and control. */
 #include <gtest/gtest.h>
 
-#include <map>
 #include <string>
 #include <vector>
 
@@ -30,12 +29,8 @@ const std::string kCandidate = Interfaces(
                 IPv6({}, Element("max-interval", "600") + Element("min-interval", "100"))));
 
 const char* op_name(enum maapi_iter_op op) {
-    static const std::map<enum maapi_iter_op, const char*> names = {{MOP_CREATED, "created"},
-                                                                    {MOP_DELETED, "deleted"},
-                                                                    {MOP_MODIFIED, "modified"},
-                                                                    {MOP_VALUE_SET, "set"}};
-    const auto found = names.find(op);
-    return found != names.end() ? found->second : "other";
+    static const char* const names[] = {"other", "created", "deleted", "modified", "set"};
+    return op >= MOP_CREATED && op <= MOP_VALUE_SET ? names[op] : "other";
 }
 
 // Records each event; answers with the reply of the first rule whose text

@@ -58,11 +58,6 @@ confd_hkeypath_t Keypath(int len, std::initializer_list<std::pair<int, confd_val
     return keypath;
 }
 
-// Calls the handler on a candidate configuration of the project's model.
-void Call(ValidationHandler* handler, confd_hkeypath_t keypath, const std::string& candidate = "") {
-    DatastoreCall("", candidate).Run(handler, keypath);
-}
-
 // Calls a new iterator with a change of the vrf leaf at kp.
 template <typename Iterator>
 void Iterate(confd_hkeypath_t kp) {
@@ -177,7 +172,7 @@ TEST(AssertionsDeathTest, NameTheExpressionSourceAndFunction) {
         {"src/lib/validate_intf_vrf", Handler("validate_intf_vrf"),
          "(&keypath->v[4][0])->type == C_XMLTAG",
          [] {
-             Call(validate_intf_vrf, Keypath(6, {{4, Buf("5")}}));
+             DatastoreCall("", "").Run(validate_intf_vrf, Keypath(6, {{4, Buf("5")}}));
          }},
         {"src/lib/validate_intf_vrf", "Ospfv3Conflict", "(&kp->v[0][0])->type == C_XMLTAG",
          [&] { Iterate<ValidateIntfL3Vrf>(vrf_change(false)); }},
@@ -206,7 +201,8 @@ TEST(AssertionsDeathTest, NameTheExpressionSourceAndFunction) {
         {"src/lib/validate_nd_ra", Handler("validate_ipv6_nd_ra_interval"),
          "(&keypath->v[4][0])->type == C_XMLTAG",
          [] {
-             Call(validate_ipv6_nd_ra_interval, Keypath(5, {{3, Buf("5")}, {4, U32(5)}}));
+             DatastoreCall("", "").Run(validate_ipv6_nd_ra_interval,
+                                       Keypath(5, {{3, Buf("5")}, {4, U32(5)}}));
          }},
     };
     for (const DeathCase& c : cases) {
