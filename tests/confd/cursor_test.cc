@@ -33,7 +33,8 @@ constexpr const char* kLists = R"(
 // Numbers numerically, strings and binary values bytewise, addresses by
 // their bytes, several keys key by key; ordered-by user lists as written.
 TEST(CursorOrder, SystemOrderIsKeyOrderAndUserOrderIsAsWritten) {
-    ipapp_test::ConfdFixture lists(confd_test::test_schema(), "", kLists);
+    const confdstore::Schema test_lists = confdstore::Schema::load(CONFD_TEST_DIR "/yang");
+    ipapp_test::ConfdFixture lists(test_lists, "", kLists);
     ipapp_test::ConfdFixture project("", confd_test::Candidate());
     struct Case {
         ipapp_test::ConfdFixture& confd;

@@ -30,7 +30,7 @@ std::unique_ptr<ipapp_test::ScratchDirectory> module_dir(const std::string& text
     auto dir = std::make_unique<ipapp_test::ScratchDirectory>();
     std::filesystem::copy_file(ipapp_test::yang_dir() + "/ipapp-extensions.yang",
                                dir->path() / "ipapp-extensions.yang");
-    confd_test::write_file(dir->path() / "m.yang", text);
+    std::ofstream(dir->path() / "m.yang") << text;
     return dir;
 }
 

@@ -2,8 +2,6 @@
 #ifndef CONFD_TESTS_TEST_UTIL_H
 #define CONFD_TESTS_TEST_UTIL_H
 
-#include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
 
@@ -35,18 +33,6 @@ inline std::string outcome(int result) {
 
 inline std::string error(int confd_error, const std::string& text) {
     return "error " + std::to_string(confd_error) + ": " + text;
-}
-
-// Writes text to a file and gives its path.
-inline std::string write_file(const std::filesystem::path& path, const std::string& text) {
-    std::ofstream(path) << text;
-    return path.string();
-}
-
-// The schema of the test-only modules (tests/confd/yang).
-inline const confdstore::Schema& test_schema() {
-    static const confdstore::Schema schema = confdstore::Schema::load(CONFD_TEST_DIR "/yang");
-    return schema;
 }
 
 // The keys of every entry a cursor delivers, printed and joined by blanks.
