@@ -83,10 +83,7 @@ const LocatedPath* locate_path(const char* call, const Tree& tree, const char* f
     const std::string_view path = request.formatted.path;
     const bool plain = request.formatted.values.empty();
     const size_t known = reusable && plain ? shared_steps(last, path) : 0;
-    request.steps.resize(known);
-    const size_t from = known == 0 ? 0 : request.steps.back().end;
-    if ((from < path.size() || known == 0) &&
-        !parse_path(path, request.formatted.values, request.steps, error, from)) {
+    if (!parse_path(path, request.formatted.values, request.steps, error, known)) {
         fail(CONFD_ERR_BADPATH, "bad path: " + error);
         return forget(last);
     }

@@ -44,12 +44,37 @@ size_t find_marked(std::string_view text, size_t from, const bool (&table)[256])
     return from;
 }
 
+void clear(KeyToken& key) {
+    key.text.clear();
+    key.value = nullptr;
+}
+
+// The keys are not cleared here: parse_keys reuses them in turn.
+void clear(PathStep& step) {
+    step.prefix.clear();
+    step.name.clear();
+    step.tag.reset();
+    step.keyed = false;
+    step.end = 0;
+}
+
+// The item at index of items, cleared for parsing into, appended when items
+// is that short. The items after index are left to be reused or cut off.
+template <typename Item>
+Item& reused(std::vector<Item>& items, size_t index) {
+    if (index == items.size()) {
+        return items.emplace_back();
+    }
+    clear(items[index]);
+    return items[index];
+}
+
 class PathParser {
   public:
     PathParser(std::string_view text, const std::vector<confd_value_t>& values, size_t from)
         : text_(text), values_(values), pos_(from) {}
 
-    bool parse(std::vector<PathStep>& steps, std::string& error);
+    bool parse(std::vector<PathStep>& steps, size_t kept, std::string& error);
 
   private:
     bool at_end() const { return pos_ >= text_.size(); }
@@ -70,23 +95,25 @@ class PathParser {
     size_t pos_;
 };
 
-bool PathParser::parse(std::vector<PathStep>& steps, std::string& error) {
-    if (at_end()) {
+bool PathParser::parse(std::vector<PathStep>& steps, size_t kept, std::string& error) {
+    if (at_end() && kept == 0) {
         return fail(error, "empty path");
     }
     // At most one step per '/' (keys may hold more).
-    steps.reserve(steps.size() + static_cast<size_t>(std::count(text_.begin(), text_.end(), '/')));
+    steps.reserve(kept + static_cast<size_t>(std::count(text_.begin(), text_.end(), '/')));
+    size_t count = kept;
     while (!at_end()) {
         if (peek() != '/') {
             return fail(error, "expected '/'");
         }
         ++pos_;
-        PathStep& step = steps.emplace_back();
+        PathStep& step = reused(steps, count++);
         if (!parse_step(step, error)) {
             return false;
         }
         step.end = pos_;
     }
+    steps.resize(count);
     return true;
 }
 
@@ -113,6 +140,8 @@ bool PathParser::parse_step(PathStep& step, std::string& error) {
     if (peek() == '{') {
         return parse_keys(step, error);
     }
+    // A reused step may hold the keys of the step parsed into it before.
+    step.keys.clear();
     if (!at_end() && peek() != '/') {
         return fail(error, "unexpected character");
     }
@@ -139,6 +168,7 @@ bool PathParser::parse_tag(PathStep& step, std::string& error) {
 bool PathParser::parse_keys(PathStep& step, std::string& error) {
     ++pos_;
     step.keyed = true;
+    size_t count = 0;
     for (;;) {
         while (is_blank(peek())) {
             ++pos_;
@@ -150,14 +180,15 @@ bool PathParser::parse_keys(PathStep& step, std::string& error) {
             ++pos_;
             break;
         }
-        if (step.keys.size() >= MAXKEYLEN - 1) {
+        if (count >= MAXKEYLEN - 1) {
             return fail(error, "too many keys");
         }
-        if (!parse_key(step.keys.emplace_back(), error)) {
+        if (!parse_key(reused(step.keys, count++), error)) {
             return false;
         }
     }
-    if (step.keys.empty()) {
+    step.keys.resize(count);
+    if (count == 0) {
         return fail(error, "empty key");
     }
     if (!at_end() && peek() != '/') {
@@ -252,9 +283,9 @@ bool parse_path_text(std::string_view text, std::vector<PathStep>& steps, std::s
 }
 
 bool parse_path(std::string_view text, const std::vector<confd_value_t>& values,
-                std::vector<PathStep>& steps, std::string& error, size_t from) {
-    PathParser parser(text, values, from);
-    return parser.parse(steps, error);
+                std::vector<PathStep>& steps, std::string& error, size_t kept) {
+    PathParser parser(text, values, kept == 0 ? 0 : steps[kept - 1].end);
+    return parser.parse(steps, kept, error);
 }
 
 std::string normalized_path(const std::vector<PathStep>& steps) {

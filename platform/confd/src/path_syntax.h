@@ -47,12 +47,15 @@ bool check_path_characters(std::string_view text, Forbidden forbidden, std::stri
 // parse_path does.
 bool parse_path_text(std::string_view text, std::vector<PathStep>& steps, std::string& error);
 
-// Splits an expanded path into steps, appended to steps; false with a
-// message when malformed. Parsing starts at offset from, the '/' of a step
-// (0: the whole text); offsets in messages count from the text's start.
-// Tokens point into values, which must outlive the steps.
+// Splits an expanded path into steps; false with a message when malformed.
+// The first `kept` steps stay as they are, and the text after the last of
+// them is parsed into the steps that follow; steps ends with the last step
+// parsed. Step objects already there are reused: their strings keep their
+// buffers, as a thread parsing path after path needs. Offsets in messages
+// count from the text's start. Tokens point into values, which must outlive
+// the steps.
 bool parse_path(std::string_view text, const std::vector<confd_value_t>& values,
-                std::vector<PathStep>& steps, std::string& error, size_t from = 0);
+                std::vector<PathStep>& steps, std::string& error, size_t kept = 0);
 
 // The path in one spelling: no module prefixes, keys as key_text separated
 // by one blank. Used to compare paths written differently.
