@@ -66,11 +66,13 @@ int locate(const Tree& tree, const std::vector<PathStep>& steps, Location& where
     }
     const lyd_node* current = nullptr;
     bool exists = true;
+    // The encoded keys of a step; the thread's buffer, grown once.
+    thread_local std::string key;
     for (size_t i = 0; i < steps.size(); ++i) {
         const lysc_node* node = where.chain[i];
         const bool last = i + 1 == steps.size();
         const bool keyed_list = node->nodetype == LYS_LIST && steps[i].keyed;
-        std::string key;
+        key.clear();
         if (i >= known && keyed_list &&
             encode_keys(tree.schema(), steps[i], node, key) != CONFD_OK) {
             return CONFD_ERR;
