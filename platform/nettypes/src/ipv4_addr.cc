@@ -1,5 +1,7 @@
 #include "nettypes/ipv4_addr.h"
 
+#include <charconv>
+
 namespace nettypes {
 
 std::array<uint8_t, 4> IPv4Addr::to_bytes() const {
@@ -8,14 +10,17 @@ std::array<uint8_t, 4> IPv4Addr::to_bytes() const {
 }
 
 std::string IPv4Addr::to_string() const {
-    std::string text;
+    // At most "255.255.255.255": written in place, so the string is made once
+    // and fits its inline buffer.
+    char text[16];
+    char* end = text;
     for (uint8_t octet : to_bytes()) {
-        if (!text.empty()) {
-            text += '.';
+        if (end != text) {
+            *end++ = '.';
         }
-        text += std::to_string(octet);
+        end = std::to_chars(end, text + sizeof text, octet).ptr;
     }
-    return text;
+    return std::string(text, end);
 }
 
 bool IPv4Addr::operator==(const IPAddr& other) const {
