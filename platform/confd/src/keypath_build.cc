@@ -1,5 +1,6 @@
 #include "keypath_build.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "list_index.h"
@@ -45,6 +46,12 @@ std::shared_ptr<const KeypathData> build(Levels levels, const std::string& what)
 }  // namespace
 
 std::shared_ptr<const KeypathData> keypath_of_node(const Schema& schema, const lyd_node* node) {
+    auto data = std::make_shared<KeypathData>();
+    write_keypath_of_node(schema, node, *data);
+    return data;
+}
+
+void write_keypath_of_node(const Schema& schema, const lyd_node* node, KeypathData& data) {
     // Innermost first, as the keypath stores them: a tag per node, and after
     // it (outwards) the keys of a list entry.
     size_t depth = 0;
@@ -57,13 +64,17 @@ std::shared_ptr<const KeypathData> keypath_of_node(const Schema& schema, const l
     if (depth >= MAXDEPTH) {
         throw confdstore::Error(schema.path(node->schema) + ": too deep for a keypath");
     }
-    auto data = std::make_shared<KeypathData>();
-    data->values.reserve(count);
-    data->hkp.len = static_cast<int>(depth);
+    // Reserved whole before the first value, so the views into the values
+    // stay valid.
+    data.values.clear();
+    data.values.reserve(count);
+    std::fill_n(&data.hkp.v[0][0], data.levels_written * MAXKEYLEN, confd_value_t{});
+    data.levels_written = static_cast<int>(depth);
+    data.hkp.len = static_cast<int>(depth);
     int level = 0;
     const auto end_level = [&](size_t k) {
         if (k < MAXKEYLEN) {
-            data->hkp.v[level][k].type = C_NOEXISTS;
+            data.hkp.v[level][k].type = C_NOEXISTS;
         }
         ++level;
     };
@@ -71,18 +82,16 @@ std::shared_ptr<const KeypathData> keypath_of_node(const Schema& schema, const l
         if (!schema.keys(n->schema).empty()) {
             size_t k = 0;
             for_each_key_leaf(schema, n, [&](const lyd_node* leaf) {
-                data->values.push_back(TypedValue::of_node(leaf).value_or(TypedValue()));
-                data->hkp.v[level][k++] = data->values.back().view();
+                data.values.push_back(TypedValue::of_node(leaf).value_or(TypedValue()));
+                data.hkp.v[level][k++] = data.values.back().view();
                 return true;
             });
             end_level(k);
         }
-        data->values.push_back(
-            TypedValue::tag(schema.tag(n->schema), schema.ns(n->schema->module)));
-        data->hkp.v[level][0] = data->values.back().view();
+        data.values.push_back(TypedValue::tag(schema.tag(n->schema), schema.ns(n->schema->module)));
+        data.hkp.v[level][0] = data.values.back().view();
         end_level(1);
     }
-    return data;
 }
 
 std::shared_ptr<const KeypathData> keypath_of_schema(const Schema& schema, const lysc_node* node) {

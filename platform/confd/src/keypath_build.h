@@ -29,10 +29,14 @@ struct KeypathData {
 
     confd_hkeypath_t hkp{};
     std::vector<TypedValue> values;
+    int levels_written = 0;  // filled by the last write_keypath_of_node, cleared by the next
 };
 
 // Throw confdstore::Error for a path deeper than a keypath holds.
 std::shared_ptr<const KeypathData> keypath_of_node(const Schema& schema, const lyd_node* node);
+// The same keypath written over data, whose storage is reused: for a walk
+// that hands out one keypath after another.
+void write_keypath_of_node(const Schema& schema, const lyd_node* node, KeypathData& data);
 std::shared_ptr<const KeypathData> keypath_of_schema(const Schema& schema, const lysc_node* node);
 // Also throws for a path that does not fit the schema.
 std::shared_ptr<const KeypathData> keypath_of_path(const Schema& schema, const std::string& path);

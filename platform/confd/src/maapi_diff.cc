@@ -79,8 +79,8 @@ class Iteration {
         : schema_(schema), iter_(iter), state_(state), trace_(trace) {}
 
     confd::detail::DiffStep operator()(const confd::detail::DiffEvent& event) {
-        const auto keypath = confd::detail::keypath_of_node(schema_, event.node);
-        confd_hkeypath_t hkp = keypath->hkp;
+        confd::detail::write_keypath_of_node(schema_, event.node, keypath_);
+        confd_hkeypath_t& hkp = keypath_.hkp;
         std::optional<confd::detail::TypedValue> value;
         confd_value_t newv;
         CONFD_SET_NOEXISTS(&newv);
@@ -106,6 +106,7 @@ class Iteration {
     IterFunction iter_;
     void* state_;
     const confd::detail::CallTrace& trace_;
+    confd::detail::KeypathData keypath_;  // the event's, written over for the next
     bool suspended_ = false;
 };
 
