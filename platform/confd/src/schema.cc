@@ -99,7 +99,9 @@ Schema::~Schema() {
 
 void Schema::index(const lysc_node* parent, const lysc_node* node) {
     nodes_.push_back(node);
-    info_[parent].children.push_back(node);
+    NodeInfo& parent_info = info_[parent];
+    parent_info.children.push_back(node);
+    parent_info.children_by_name[node->name].push_back(node);
     NodeInfo& info = info_[node];
     if (node->nodetype & LYD_NODE_TERM) {
         info.value_type = confd_type_of(reinterpret_cast<const lysc_node_leaf*>(node)->type);
@@ -159,8 +161,17 @@ const lysc_node* Schema::find_child(const lysc_node* parent, std::string_view pr
                                     std::string_view name, bool& ambiguous) const {
     const lysc_node* found = nullptr;
     ambiguous = false;
-    for (const lysc_node* child : children(parent)) {
-        if (name == child->name && matches_prefix(child->module, prefix)) {
+    const auto parent_info = info_.find(parent);
+    if (parent_info == info_.end()) {
+        return nullptr;
+    }
+    const auto& by_name = parent_info->second.children_by_name;
+    const auto named = by_name.find(name);
+    if (named == by_name.end()) {
+        return nullptr;
+    }
+    for (const lysc_node* child : named->second) {
+        if (matches_prefix(child->module, prefix)) {
             ambiguous = found != nullptr;
             if (ambiguous) {
                 return nullptr;

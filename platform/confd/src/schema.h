@@ -76,6 +76,9 @@ class Schema {
 
     struct NodeInfo {
         std::vector<const lysc_node*> children;
+        // The children by name, each name's in the order of children: paths
+        // name a child on every read.
+        std::unordered_map<std::string_view, std::vector<const lysc_node*>> children_by_name;
         std::vector<const lysc_node*> keys;
         confd_vtype value_type = C_NOEXISTS;
         uint32_t tag = 0;
