@@ -99,8 +99,6 @@ bool PathParser::parse(std::vector<PathStep>& steps, size_t kept, std::string& e
     if (at_end() && kept == 0) {
         return fail(error, "empty path");
     }
-    // At most one step per '/' (keys may hold more).
-    steps.reserve(kept + static_cast<size_t>(std::count(text_.begin(), text_.end(), '/')));
     size_t count = kept;
     while (!at_end()) {
         if (peek() != '/') {
