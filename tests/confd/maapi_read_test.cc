@@ -299,9 +299,9 @@ TEST_F(MaapiRead, QuotedKeysMayHoldBlanksAndBraces) {
         std::vector<std::string>{"a b{c}\"d"});
 }
 
-// A path read again right away (an existence check, then the value) is
-// found where the last read left it, on its own tree only.
-TEST_F(MaapiRead, ThePathReadLastIsReadAgainOnEachTree) {
+// A path read again (right away, or after others; given whole or as a
+// template) is found where the earlier read left it, on its own tree only.
+TEST_F(MaapiRead, APathReadBeforeIsReadAgainOnEachTree) {
     ipapp_test::ConfdFixture other{"", Interfaces(L3("5", Vrf("blue")))};
     const char* vrf = "/config/interface/l3{5}/vrf";
     const char* secondary = "/config/interface/l3{5}/ipv4/address/secondary";
@@ -316,6 +316,9 @@ TEST_F(MaapiRead, ThePathReadLastIsReadAgainOnEachTree) {
         EXPECT_STREQ(name, "blue");
         EXPECT_EQ(maapi_num_instances(s, th, "%s", secondary), 2);
         EXPECT_EQ(maapi_num_instances(other.maapi_socket(), other.thandle(), "%s", secondary), 0);
+        ASSERT_EQ(maapi_get_str_elem(s, th, name, sizeof name, "/config/interface/l3{%d}/vrf", 5),
+                  CONFD_OK);
+        EXPECT_STREQ(name, "red");
     }
 }
 
