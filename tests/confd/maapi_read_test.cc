@@ -280,6 +280,8 @@ TEST(MaapiReadKeys, ControlCharactersAreKeyTextInTemplatesOnly) {
               marker);
     EXPECT_EQ(outcome(maapi_exists(s, th, "/config/interface/l3{%s}", "a\x03")), marker);
     EXPECT_EQ(outcome(maapi_exists(s, th, "/config/interface/l3{a%c}", '\x04')), marker);
+    EXPECT_EQ(outcome(maapi_exists(s, th, "%s", "/config/interface/l3{a\n\x01}")),
+              error(CONFD_ERR_BADPATH, "bad path: control character in path at offset 23"));
     try {
         confd.datastore().keypath("/config/interface/l3{a\nb}");
         ADD_FAILURE() << "a keypath with a newline in a key";

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
+#include <cstring>
 
 #include "path_format.h"
 #include "value_text.h"
@@ -258,18 +260,46 @@ bool PathParser::parse_marker(std::string& text, const confd_value_t** value, st
     return true;
 }
 
+// The offset of the first byte from `from` on below 0x20, or the text's
+// size. Eight bytes are looked at at a time: every path read is checked,
+// and a byte below 0x20 is rare in one.
+size_t first_low_byte(std::string_view text, size_t from) {
+    constexpr uint64_t kOnes = 0x0101010101010101;
+    constexpr uint64_t kHighBits = 0x8080808080808080;
+    for (; from + sizeof(uint64_t) <= text.size(); from += sizeof(uint64_t)) {
+        uint64_t word;
+        std::memcpy(&word, text.data() + from, sizeof word);
+        // Nonzero exactly when a byte of the word is below 0x20.
+        if (((word - kOnes * 0x20) & ~word & kHighBits) != 0) {
+            break;
+        }
+    }
+    while (from < text.size() && static_cast<unsigned char>(text[from]) >= 0x20) {
+        ++from;
+    }
+    return from;
+}
+
+// The offset of the first marker byte (path_format.h), or the text's size.
+size_t first_marker(std::string_view text) {
+    size_t at = first_low_byte(text, 0);
+    while (at < text.size() && !(text[at] >= kValueOpen && text[at] <= kTagClose)) {
+        at = first_low_byte(text, at + 1);
+    }
+    return at;
+}
+
 }  // namespace
 
 bool check_path_characters(std::string_view text, Forbidden forbidden, std::string& error,
                            size_t offset) {
-    const auto marker = [](unsigned char c) { return c >= kValueOpen && c <= kTagClose; };
     const auto control = [](unsigned char c) { return (c < 0x20 && c != '\t') || c == 0x7f; };
-    const auto* begin = reinterpret_cast<const unsigned char*>(text.data());
-    const auto* end = begin + text.size();
-    const auto* bad = forbidden == Forbidden::markers ? std::find_if(begin, end, marker)
-                                                      : std::find_if(begin, end, control);
-    if (bad != end) {
-        error = "control character in path at offset " + std::to_string(offset + (bad - begin));
+    const size_t bad =
+        forbidden == Forbidden::markers
+            ? first_marker(text)
+            : static_cast<size_t>(std::find_if(text.begin(), text.end(), control) - text.begin());
+    if (bad != text.size()) {
+        error = "control character in path at offset " + std::to_string(offset + bad);
         return false;
     }
     return true;
