@@ -1,13 +1,15 @@
 #include "leaf_value_index.h"
 
+#include "sibling_scan.h"
+
 namespace confd::detail {
 
 LeafValueIndex::LeafValueIndex(const lyd_node* first, const lysc_node* list,
                                const lysc_node* leaf) {
     for (const lyd_node* entry = first; entry != nullptr && entry->schema == list;
          entry = entry->next) {
-        lyd_node* value = nullptr;
-        if (lyd_find_sibling_val(lyd_child(entry), leaf, nullptr, 0, &value) == LY_SUCCESS) {
+        const lyd_node* value = first_sibling_of(lyd_child(entry), leaf);
+        if (value != nullptr) {
             by_value_[lyd_get_value(value)].push_back(entry);
         }
     }

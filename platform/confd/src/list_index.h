@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "schema.h"
+#include "sibling_scan.h"
 
 namespace confd::detail {
 
@@ -45,9 +46,7 @@ bool for_each_key_leaf(const Schema& schema, const lyd_node* entry, Visit visit)
     for (const lysc_node* key_schema : schema.keys(entry->schema)) {
         const lyd_node* leaf = expected;
         if (leaf == nullptr || leaf->schema != key_schema) {
-            lyd_node* found = nullptr;
-            lyd_find_sibling_val(lyd_child(entry), key_schema, nullptr, 0, &found);
-            leaf = found;
+            leaf = first_sibling_of(lyd_child(entry), key_schema);
         }
         if (!visit(leaf)) {
             return false;
