@@ -108,6 +108,11 @@ bool located_in(const LastPath& slot, const Tree& tree, std::string_view text) {
 const LocatedPath* locate_path(const char* call, const Tree& tree, const char* fmt, va_list args) {
     PathMemo& memo = path_memo();
     const char* text = whole_path(fmt, args);
+    // The path read last, read again (an existence check, then the value),
+    // is known without hashing its text.
+    if (text != nullptr && memo.last != nullptr && located_in(*memo.last, tree, text)) {
+        return found_again(call, memo, *memo.last);
+    }
     LastPath* whole = text != nullptr ? &memo.slot_of(text) : nullptr;
     if (whole != nullptr && located_in(*whole, tree, text)) {
         return found_again(call, memo, *whole);
